@@ -12,6 +12,9 @@ namespace vistrel
 /// The page-capture component as the conversion run sees it: loads one page, keeps its picture and hands back
 /// encoded image files. All calls come on one thread. Every operation throws RuntimeError (Automation) when
 /// it cannot be carried out at all; a page that could not be captured is no such failure, it is a status.
+///
+/// An event handler that runs inside CapturePage may release the instance: the capture then ends at once, and
+/// the call returns normally.
 class PageCapture
 {
 public:
