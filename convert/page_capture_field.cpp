@@ -1,0 +1,30 @@
+#include "convert/page_capture_field.h"
+
+#include "platform/runtime_error.h"
+
+#include <utility>
+
+namespace vistrel
+{
+
+void PageCaptureField::hold(std::shared_ptr<PageCapture> instance, PageCapture::ProgressHandler onProgress)
+{
+    release();
+    instance->setProgressHandler(std::move(onProgress));
+    m_instance = std::move(instance);
+}
+
+void PageCaptureField::release()
+{
+    if (!m_instance) return;
+    m_instance->setProgressHandler({});
+    m_instance.reset();
+}
+
+std::shared_ptr<PageCapture> PageCaptureField::operator->() const
+{
+    if (!m_instance) throw RuntimeError(RuntimeError::Number::ObjectNotSet);
+    return m_instance;
+}
+
+} // namespace vistrel
