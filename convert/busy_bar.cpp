@@ -13,9 +13,8 @@ constexpr qint32 borderTwips = 2;
 
 qint32 nextBusyBarWidth(qint32 width, qint32 frameWidth)
 {
-    const qint32 innerWidth = frameWidth - borderTwips;
-    const qint32 grown = width < innerWidth ? width + stepTwips : width;
-    return grown < innerWidth ? grown : stepTwips;
+    const qint32 grown = width + stepTwips;
+    return grown < frameWidth - borderTwips ? grown : stepTwips;
 }
 
 } // namespace vistrel

@@ -16,9 +16,7 @@ void PageCaptureField::hold(std::shared_ptr<PageCapture> instance, PageCapture::
 
 void PageCaptureField::release()
 {
-    if (!m_instance) return;
-    m_instance->setProgressHandler({});
-    m_instance.reset();
+    if (const auto instance = std::exchange(m_instance, nullptr)) instance->setProgressHandler({});
 }
 
 std::shared_ptr<PageCapture> PageCaptureField::operator->() const

@@ -11,7 +11,11 @@ namespace vistrel::test
 class CallLog
 {
 public:
-    void add(const QString& call) { m_lines += call.toStdString() + '\n'; }
+    /// Line breaks inside call show as \r\n.
+    void add(QString call)
+    {
+        m_lines += call.replace(QStringLiteral("\r\n"), QStringLiteral("\\r\\n")).toStdString() + '\n';
+    }
     void add(const QString& verb, const QString& object) { add(verb + u' ' + object); }
     void clear() { m_lines.clear(); }
     [[nodiscard]] const std::string& lines() const { return m_lines; }

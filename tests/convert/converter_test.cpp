@@ -80,6 +80,7 @@ TEST_F(RunTest, NumbersKeptEntriesAndSpeaksOfOneUrl)
 
 TEST_F(RunTest, OpensNoFolderUnlessAskedToAndKnown)
 {
+    config.openOutput = 2;
     convert({u"http://a"_s});
     config.openOutput = 1;
     config.nameAs = 2;

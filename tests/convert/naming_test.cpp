@@ -58,16 +58,6 @@ TEST(Naming, PutsTheCounterInAtEveryPlaceThatReadsLikeTheExtension)
     EXPECT_EQ(thumbnailPath(u"/a"_s, QString()), u"/a"_s);
 }
 
-TEST(EntryFiles, WritesOverAnExistingFileAndKeepsALongersTail)
-{
-    MemoryFiles files;
-    files.folders.insert(u"/out/"_s);
-    EXPECT_TRUE(SaveBytes(files, u"/out/a"_s, "longer"));
-    EXPECT_TRUE(SaveBytes(files, u"/out/a"_s, "new"));
-    EXPECT_EQ(files.contents[u"/out/a"_s], "newger");
-    EXPECT_FALSE(SaveBytes(files, u"/missing/a"_s, "new"));
-}
-
 TEST(EntryFiles, GivesNoShortPathThatPassesTheLimit)
 {
     MemoryFiles files;
@@ -106,6 +96,7 @@ TEST_F(OutputPathTest, JoinsFolderNameAndExtensionWithNothingBetween)
 TEST_F(OutputPathTest, CountsToAFreeNameAndLetsEventsInBeforeEachTest)
 {
     window.config->nameAs = 1;
+    window.config->overwrite = 2;
     for (const QString& taken : {u"/out/7.png"_s, u"/out/7(1).png"_s})
         files.contents[taken] = {};
     EXPECT_EQ(choose(), u"/out/7(2).png"_s);
@@ -133,15 +124,9 @@ TEST_F(OutputPathTest, AsksAgainWithTheSameNameWhenTheUserKeepsTheFile)
     EXPECT_TRUE(files.contents.isEmpty());
     EXPECT_EQ(log.lines(),
               R"(dialog "" must exist 0, multi 0, filter *.png Files|*.png, title "Save as", default .png
-ask The file /a.png already exists.)"
-              "\r"
-              R"(
-Do you want to overwrite?
+ask The file /a.png already exists.\r\nDo you want to overwrite?
 dialog "/a.png" must exist 0, multi 0, filter *.png Files|*.png, title "Save as", default .png
-ask The file /a.png already exists.)"
-              "\r"
-              R"(
-Do you want to overwrite?
+ask The file /a.png already exists.\r\nDo you want to overwrite?
 )");
 }
 
