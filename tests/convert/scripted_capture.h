@@ -45,7 +45,8 @@ public:
     qint32 GetCaptureStatus() override
     {
         called(u"GetCaptureStatus"_s);
-        return m_captured ? 1 : 2;
+        m_secondAnswer = !m_secondAnswer;
+        return m_captured == m_secondAnswer ? 1 : 2;
     }
     QByteArray GetImageBytes(const QString& pattern) override
     {
@@ -71,6 +72,7 @@ private:
     const CaptureScript& m_script;
     ProgressHandler m_progress;
     bool m_captured = false;
+    bool m_secondAnswer = true; // The first of two answers is always wrong.
 };
 
 } // namespace vistrel::test
