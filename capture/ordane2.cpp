@@ -59,7 +59,7 @@ public:
     }
 
     void releasePicture() { m_picture = {}; }
-    [[nodiscard]] const Picture& picture() const { return m_picture; }
+    [[nodiscard]] const PagePicture& picture() const { return m_picture; }
 
     PageRequest m_request;
     qint32 m_jpegQuality = 80;
@@ -96,7 +96,7 @@ private:
     BrowserKeeper m_keeper;
     std::shared_ptr<PageRun> m_run; // While a capture is under way.
     QEventLoop* m_loop = nullptr;   // Likewise.
-    Picture m_picture;
+    PagePicture m_picture;
 };
 
 Ordane2::Ordane2(BrowserOptions options) : m_engine(std::make_shared<Engine>(std::move(options))) {}

@@ -50,19 +50,19 @@ auto guarded(Step step) -> Result<decltype(step())>
     }
 }
 
-VImage decodeStrip(const QByteArray& strip, Picture::Encoding encoding)
+VImage decodeStrip(const QByteArray& strip, PagePicture::Encoding encoding)
 {
     const auto options = VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL);
     VipsBlob* blob = vips_blob_new(nullptr, strip.constData(), size_t(strip.size()));
-    VImage image = encoding == Picture::Encoding::Png ? VImage::pngload_buffer(blob, options)
-                                                      : VImage::jpegload_buffer(blob, options);
+    VImage image = encoding == PagePicture::Encoding::Png ? VImage::pngload_buffer(blob, options)
+                                                          : VImage::jpegload_buffer(blob, options);
     vips_area_unref(VIPS_AREA(blob));
     if (!image.has_alpha()) return image;
     return image.flatten(VImage::option()->set("background", std::vector<double>{255, 255, 255}));
 }
 
 /// All strips as one image, decoded as it is read, from top to bottom.
-VImage decode(const Picture& picture)
+VImage decode(const PagePicture& picture)
 {
     std::vector<VImage> strips;
     for (const QByteArray& strip : picture.strips())
@@ -121,15 +121,15 @@ Result<void> checkSize(QSize size, ImageFormat format)
         {}};
 }
 
-bool isStripAlready(const Picture& picture, ImageFormat format)
+bool isStripAlready(const PagePicture& picture, ImageFormat format)
 {
     if (picture.strips().size() != 1) return false;
-    return (format == ImageFormat::Png && picture.encoding() == Picture::Encoding::Png) ||
-           (format == ImageFormat::Jpeg && picture.encoding() == Picture::Encoding::Jpeg);
+    return (format == ImageFormat::Png && picture.encoding() == PagePicture::Encoding::Png) ||
+           (format == ImageFormat::Jpeg && picture.encoding() == PagePicture::Encoding::Jpeg);
 }
 
 /// A bitmap file runs from the last row to the first, so the strips are decoded one by one from the last.
-QByteArray encodeBitmap(const Picture& picture)
+QByteArray encodeBitmap(const PagePicture& picture)
 {
     BitmapWriter writer(picture.size());
     for (auto strip = picture.strips().crbegin(); strip != picture.strips().crend(); ++strip) {
@@ -158,7 +158,7 @@ QRect coveredPart(QSize picture, QSize size)
     return {(picture.width() - width) / 2, 0, width, height};
 }
 
-VImage shrink(const Picture& picture, QSize size)
+VImage shrink(const PagePicture& picture, QSize size)
 {
     const QRect part = coveredPart(picture.size(), size);
     return decode(picture)
@@ -179,7 +179,7 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending)
     return found == formats.constEnd() ? std::nullopt : std::optional(*found);
 }
 
-Result<QByteArray> encodeImage(const Picture& picture, ImageFormat format, int quality)
+Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality)
 {
     const auto fits = checkSize(picture.size(), format);
     if (!fits) return fits.error();
@@ -189,7 +189,7 @@ Result<QByteArray> encodeImage(const Picture& picture, ImageFormat format, int q
     });
 }
 
-Result<QByteArray> encodeThumbnail(const Picture& picture, ImageFormat format, int quality, QSize size)
+Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size)
 {
     if (size.width() <= 0 || size.height() <= 0)
         return Error{Error::Kind::Usage, u"a thumbnail needs a width and a height above 0"_s, {}};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/image/picture.h"
+#include "capture/image/page_picture.h"
 
 #include <optional>
 
@@ -17,10 +17,10 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending);
 ///
 /// Errors: TooLarge when the format cannot hold the picture (JPEG and GIF: 65,500 and 65,535 px a side),
 /// Format when a strip cannot be decoded. May be called on any thread.
-Result<QByteArray> encodeImage(const Picture& picture, ImageFormat format, int quality);
+Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality);
 
 /// A thumbnail of exactly size: the picture scaled to cover it, cropped from the top and the middle.
 /// Error::Kind::Usage for a size with a side of 0 or less, TooLarge for one of over 256 million pixels.
-Result<QByteArray> encodeThumbnail(const Picture& picture, ImageFormat format, int quality, QSize size);
+Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size);
 
 } // namespace vistrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/image/picture.h"
+#include "capture/image/page_picture.h"
 
 #include <QList>
 #include <QSize>
@@ -23,13 +23,13 @@ struct PageRequest {
     bool allowScript = true;   ///< Whether the page's own scripts run.
     QSize viewport{1280, 800}; ///< CSS px. The picture is the whole page, at least this size.
     /// How the browser hands the pixels over: Png is lossless, Jpeg is for those who want nothing else.
-    Picture::Encoding encoding = Picture::Encoding::Png;
+    PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80; ///< 1 to 100; only for Encoding::Jpeg.
 };
 
 /// A page's picture and what is worth knowing of how it came about.
 struct PageShot {
-    Picture picture;
+    PagePicture picture;
     QUrl finalAddress;    ///< After redirects.
     int httpStatus = 0;   ///< 0 for local files.
     QStringList warnings; ///< What the picture may lack, in words for a person.

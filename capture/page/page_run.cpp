@@ -190,7 +190,7 @@ Task<Result<void>> PageRun::becomeReady()
     co_return Result<void>();
 }
 
-Task<Result<Picture>> PageRun::shoot()
+Task<Result<PagePicture>> PageRun::shoot()
 {
     const auto ready = co_await becomeReady();
     if (!ready) co_return ready.error();

@@ -43,7 +43,7 @@ private:
     Task<Result<void>> navigateToFirstReachable();
     Task<Result<void>> navigate(QUrl address);
     Task<Result<void>> becomeReady();
-    Task<Result<Picture>> shoot();
+    Task<Result<PagePicture>> shoot();
     void runOut();
     Result<void> checkDocument() const;
     void report(int percent);

@@ -17,7 +17,7 @@ Session::Limit drawingLimit(QSize size)
     return std::chrono::seconds(15 + qint64(size.width()) * size.height() / 1000000);
 }
 
-QJsonObject stripParams(QRect strip, Picture::Encoding encoding, int quality)
+QJsonObject stripParams(QRect strip, PagePicture::Encoding encoding, int quality)
 {
     const QJsonObject clip{{u"x"_s, strip.x()},
                            {u"y"_s, strip.y()},
@@ -25,7 +25,7 @@ QJsonObject stripParams(QRect strip, Picture::Encoding encoding, int quality)
                            {u"height"_s, strip.height()},
                            {u"scale"_s, 1}};
     QJsonObject params{{u"captureBeyondViewport"_s, true}, {u"clip"_s, clip}};
-    if (encoding == Picture::Encoding::Jpeg) {
+    if (encoding == PagePicture::Encoding::Jpeg) {
         params.insert(u"format"_s, u"jpeg"_s);
         params.insert(u"quality"_s, quality);
     } else {
@@ -54,10 +54,11 @@ Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport
     co_return area;
 }
 
-Task<Result<Picture>> takePicture(std::shared_ptr<Session> session, QRect area, Picture::Encoding encoding,
-                                  int quality, std::function<void(int rows)> progress)
+Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area,
+                                      PagePicture::Encoding encoding, int quality,
+                                      std::function<void(int rows)> progress)
 {
-    Picture picture(encoding);
+    PagePicture picture(encoding);
     for (int row = 0; row < area.height(); row += kMostStripRows) {
         const QRect strip(area.x(), area.y() + row, area.width(),
                           std::min(kMostStripRows, area.height() - row));

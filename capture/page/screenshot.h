@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/image/picture.h"
+#include "capture/image/page_picture.h"
 #include "capture/protocol/session.h"
 #include "capture/protocol/task.h"
 
@@ -21,7 +21,8 @@ constexpr qint64 kMostPixels = 256LL * 1000 * 1000;
 Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport);
 
 /// Takes area, strip by strip from the top. progress is called after each strip with the rows done so far.
-Task<Result<Picture>> takePicture(std::shared_ptr<Session> session, QRect area, Picture::Encoding encoding,
-                                  int quality, std::function<void(int rows)> progress);
+Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area,
+                                      PagePicture::Encoding encoding, int quality,
+                                      std::function<void(int rows)> progress);
 
 } // namespace vistrel

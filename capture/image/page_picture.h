@@ -11,13 +11,13 @@ namespace vistrel
 
 /// A page's pixels as the browser encoded them: one strip, or several stacked from top to bottom, all of the
 /// same width. Each strip is a whole PNG or JPEG file.
-class Picture
+class PagePicture
 {
 public:
     enum class Encoding { Png, Jpeg };
 
-    Picture() = default;
-    explicit Picture(Encoding encoding) : m_encoding(encoding) {}
+    PagePicture() = default;
+    explicit PagePicture(Encoding encoding) : m_encoding(encoding) {}
 
     /// Adds the next strip downwards. Error::Kind::Format when encoded is no file of this picture's encoding
     /// or is not of the size expected; the picture is unchanged then.
@@ -36,6 +36,6 @@ private:
 };
 
 /// Width and height as the header of a PNG or JPEG file states them; Error::Kind::Format when it is none.
-Result<QSize> encodedSize(const QByteArray& file, Picture::Encoding encoding);
+Result<QSize> encodedSize(const QByteArray& file, PagePicture::Encoding encoding);
 
 } // namespace vistrel

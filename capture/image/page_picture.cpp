@@ -1,4 +1,4 @@
-#include "capture/image/picture.h"
+#include "capture/image/page_picture.h"
 
 #include <QtEndian>
 
@@ -47,12 +47,12 @@ Result<QSize> jpegSize(const QByteArray& file)
 
 } // namespace
 
-Result<QSize> encodedSize(const QByteArray& file, Picture::Encoding encoding)
+Result<QSize> encodedSize(const QByteArray& file, PagePicture::Encoding encoding)
 {
-    return encoding == Picture::Encoding::Png ? pngSize(file) : jpegSize(file);
+    return encoding == PagePicture::Encoding::Png ? pngSize(file) : jpegSize(file);
 }
 
-Result<void> Picture::addStrip(QByteArray encoded, QSize expected)
+Result<void> PagePicture::addStrip(QByteArray encoded, QSize expected)
 {
     const auto size = encodedSize(encoded, m_encoding);
     if (!size) return size.error();
