@@ -15,9 +15,10 @@ namespace pageScripts
 {
 
 /// Brings the page into the state a reader would see after looking at all of it: scrolls through it so that
-/// lazy parts load, goes back to the top, waits for fonts and images. Each wait has a cap of its own; 10 s in
-/// all.
-Task<Result<void>> settle(std::shared_ptr<Session> session, QString frameId);
+/// lazy parts load, goes back to the top, waits for fonts and images. Each wait has a cap of its own; 11 s in
+/// all. Returns by how many CSS px the window would have to grow for a page that scrolls inside a container
+/// of its own; 0 for all others.
+Task<Result<int>> settle(std::shared_ptr<Session> session, QString frameId);
 
 /// Stops what moves: finite animations jump to their end, endless ones and videos to their start; the caret
 /// is hidden.
