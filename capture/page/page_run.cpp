@@ -1,8 +1,8 @@
 #include "capture/page/page_run.h"
 
 #include "capture/page/local_files.h"
-#include "capture/page/page_scripts.h"
 #include "capture/page/screenshot.h"
+#include "capture/page/settling.h"
 #include "platform/log.h"
 
 #include <QDeadlineTimer>
@@ -202,7 +202,7 @@ Task<Result<void>> PageRun::becomeReady()
         if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
     }
     report(kWaited);
-    const auto frozen = co_await pageScripts::freeze(m_session, m_watch->mainFrame());
+    const auto frozen = co_await freezePage(m_session, m_watch->mainFrame());
     if (!m_session->isOpen()) co_return frozen.error().during(u"stopping animations"_s);
     co_return Result<void>();
 }
@@ -211,7 +211,7 @@ Task<Result<void>> PageRun::settle()
 {
     for (int documents = 0; documents < kMostDocuments; ++documents) {
         const QString document = m_watch->loaderId();
-        const auto growth = co_await pageScripts::settle(m_session, m_watch->mainFrame());
+        const auto growth = co_await settlePage(m_session, m_watch->mainFrame());
         if (!m_session->isOpen()) co_return growth.error();
         co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
                                   u"the page's requests"_s);
