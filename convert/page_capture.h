@@ -12,6 +12,9 @@ namespace vistrel
 /// The page-capture component as the conversion run sees it: loads one page, keeps its picture and hands back
 /// encoded image files. All calls come on one thread. Every operation throws RuntimeError (Automation) when
 /// it cannot be carried out at all; a page that could not be captured is no such failure, it is a status.
+///
+/// An event handler that runs inside CapturePage may release the instance: the capture then ends at once, and
+/// the call returns normally.
 class PageCapture
 {
 public:
@@ -48,11 +51,15 @@ public:
 
     /// Called from inside CapturePage with the progress of the current page, 0 to 100 percent.
     using ProgressHandler = std::function<void(qint32 percent)>;
-    /// Subscribes the one listener; an empty handler ends the subscription.
+    /// Subscribes the one listener; an empty handler ends the subscription. Never fails. The subscription
+    /// ends when the instance is given up: the last reference is dropped at once or, while CapturePage runs,
+    /// as soon as it returns. An empty handler during CapturePage thus means that nobody waits for its
+    /// picture any more.
     virtual void setProgressHandler(ProgressHandler handler) = 0;
 };
 
-/// Creates a component instance; one is made per run.
+/// Creates a component instance, never null; one is made per run. Throws RuntimeError (Automation) when it
+/// cannot.
 using PageCaptureFactory = std::function<std::shared_ptr<PageCapture>()>;
 
 } // namespace vistrel

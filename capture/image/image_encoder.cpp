@@ -1,0 +1,205 @@
+#include "capture/image/image_encoder.h"
+
+#include "capture/image/bitmap_writer.h"
+
+#include <QHash>
+#include <QRect>
+
+#include <vips/vips8>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using vips::VImage;
+
+namespace vistrel
+{
+
+namespace
+{
+
+constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
+
+/// Starts the library once per process. Its operation cache would only keep pictures alive that nobody asks
+/// for again.
+void prepareLibrary()
+{
+    [[maybe_unused]] static const bool ready = [] {
+        if (VIPS_INIT("vistrel") != 0) qFatal("libvips cannot be started");
+        vips_cache_set_max(0);
+        return true;
+    }();
+}
+
+Error libraryError(const vips::VError& problem)
+{
+    return {Error::Kind::Format, QString::fromLocal8Bit(problem.what()).trimmed(), u"encoding the picture"_s};
+}
+
+/// Runs a step that uses the library; its exceptions end here.
+template<typename Step>
+auto guarded(Step step) -> Result<decltype(step())>
+{
+    prepareLibrary();
+    try {
+        return step();
+    } catch (const vips::VError& problem) {
+        return libraryError(problem);
+    }
+}
+
+VImage decodeStrip(const QByteArray& strip, PagePicture::Encoding encoding)
+{
+    const auto options = VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL);
+    VipsBlob* blob = vips_blob_new(nullptr, strip.constData(), size_t(strip.size()));
+    VImage image = encoding == PagePicture::Encoding::Png ? VImage::pngload_buffer(blob, options)
+                                                          : VImage::jpegload_buffer(blob, options);
+    vips_area_unref(VIPS_AREA(blob));
+    if (!image.has_alpha()) return image;
+    return image.flatten(VImage::option()->set("background", std::vector<double>{255, 255, 255}));
+}
+
+/// All strips as one image, decoded as it is read, from top to bottom.
+VImage decode(const PagePicture& picture)
+{
+    std::vector<VImage> strips;
+    for (const QByteArray& strip : picture.strips())
+        strips.push_back(decodeStrip(strip, picture.encoding()));
+    if (strips.size() == 1) return strips.front();
+    return VImage::arrayjoin(strips, VImage::option()->set("across", 1));
+}
+
+QByteArray bytesOf(VipsBlob* blob)
+{
+    size_t length = 0;
+    const void* data = vips_blob_get(blob, &length);
+    QByteArray bytes(static_cast<const char*>(data), qsizetype(length));
+    vips_area_unref(VIPS_AREA(blob));
+    return bytes;
+}
+
+VipsBlob* save(const VImage& image, ImageFormat format, int quality)
+{
+    auto* options = VImage::option()->set("strip", true);
+    switch (format) {
+    case ImageFormat::Png: return image.pngsave_buffer(options->set("compression", 6));
+    case ImageFormat::Jpeg: return image.jpegsave_buffer(options->set("Q", std::clamp(quality, 1, 100)));
+    case ImageFormat::Gif: return image.gifsave_buffer(options);
+    case ImageFormat::Tiff:
+        return image.tiffsave_buffer(options->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
+                                         ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
+    case ImageFormat::Bmp: break;
+    }
+    delete options;
+    return nullptr;
+}
+
+/// Longest side that the format can hold, px.
+int longestSide(ImageFormat format)
+{
+    switch (format) {
+    case ImageFormat::Jpeg: return 65500; // The library's own limit, below the format's 65,535.
+    case ImageFormat::Gif: return 65535;
+    case ImageFormat::Png:
+    case ImageFormat::Bmp:
+    case ImageFormat::Tiff: break;
+    }
+    return 1000000; // libpng's default.
+}
+
+Result<void> checkSize(QSize size, ImageFormat format)
+{
+    const int side = std::max(size.width(), size.height());
+    if (side <= longestSide(format)) return {};
+    return Error{
+        Error::Kind::TooLarge,
+        u"a picture of %1 x %2 px does not fit the format, which ends at %3 px a side"_s.arg(size.width())
+            .arg(size.height())
+            .arg(longestSide(format)),
+        {}};
+}
+
+bool isStripAlready(const PagePicture& picture, ImageFormat format)
+{
+    if (picture.strips().size() != 1) return false;
+    return (format == ImageFormat::Png && picture.encoding() == PagePicture::Encoding::Png) ||
+           (format == ImageFormat::Jpeg && picture.encoding() == PagePicture::Encoding::Jpeg);
+}
+
+/// A bitmap file runs from the last row to the first, so the strips are decoded one by one from the last.
+QByteArray encodeBitmap(const PagePicture& picture)
+{
+    BitmapWriter writer(picture.size());
+    for (auto strip = picture.strips().crbegin(); strip != picture.strips().crend(); ++strip) {
+        const VImage image = decodeStrip(*strip, picture.encoding()).copy_memory();
+        writer.addRowsAbove(static_cast<const uchar*>(image.data()), image.height());
+    }
+    return writer.take();
+}
+
+QByteArray encode(const VImage& image, ImageFormat format, int quality)
+{
+    if (format != ImageFormat::Bmp) return bytesOf(save(image, format, quality));
+    const VImage pixels = image.copy_memory();
+    BitmapWriter writer({pixels.width(), pixels.height()});
+    writer.addRowsAbove(static_cast<const uchar*>(pixels.data()), pixels.height());
+    return writer.take();
+}
+
+/// The part of a picture that a thumbnail of size shows.
+QRect coveredPart(QSize picture, QSize size)
+{
+    const double scale =
+        std::max(double(size.width()) / picture.width(), double(size.height()) / picture.height());
+    const int width = std::clamp(int(std::lround(size.width() / scale)), 1, picture.width());
+    const int height = std::clamp(int(std::lround(size.height() / scale)), 1, picture.height());
+    return {(picture.width() - width) / 2, 0, width, height};
+}
+
+VImage shrink(const PagePicture& picture, QSize size)
+{
+    const QRect part = coveredPart(picture.size(), size);
+    return decode(picture)
+        .extract_area(part.x(), part.y(), part.width(), part.height())
+        .thumbnail_image(size.width(),
+                         VImage::option()->set("height", size.height())->set("size", VIPS_SIZE_FORCE));
+}
+
+} // namespace
+
+std::optional<ImageFormat> imageFormatOf(const QString& ending)
+{
+    static const QHash<QString, ImageFormat> formats{
+        {u"png"_s, ImageFormat::Png},  {u"jpg"_s, ImageFormat::Jpeg}, {u"jpeg"_s, ImageFormat::Jpeg},
+        {u"gif"_s, ImageFormat::Gif},  {u"bmp"_s, ImageFormat::Bmp},  {u"tif"_s, ImageFormat::Tiff},
+        {u"tiff"_s, ImageFormat::Tiff}};
+    const auto found = formats.constFind(ending.toLower());
+    return found == formats.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality)
+{
+    const auto fits = checkSize(picture.size(), format);
+    if (!fits) return fits.error();
+    if (isStripAlready(picture, format)) return picture.strips().front();
+    return guarded([&] {
+        return format == ImageFormat::Bmp ? encodeBitmap(picture) : encode(decode(picture), format, quality);
+    });
+}
+
+Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size)
+{
+    if (size.width() <= 0 || size.height() <= 0)
+        return Error{Error::Kind::Usage, u"a thumbnail needs a width and a height above 0"_s, {}};
+    if (qint64(size.width()) * size.height() > kLargestThumbnail)
+        return Error{Error::Kind::TooLarge,
+                     u"a thumbnail of %1 x %2 px is too large"_s.arg(size.width()).arg(size.height()),
+                     {}};
+    const auto fits = checkSize(size, format);
+    if (!fits) return fits.error();
+    return guarded([&] { return encode(shrink(picture, size), format, quality); });
+}
+
+} // namespace vistrel

@@ -1,0 +1,102 @@
+#include "capture/page/local_files.h"
+
+#include "platform/log.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QMimeDatabase>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+bool isArchive(const QString& path)
+{
+    return path.endsWith(u".mht", Qt::CaseInsensitive) || path.endsWith(u".mhtml", Qt::CaseInsensitive);
+}
+
+QString contentType(const QString& path)
+{
+    static const QHash<QString, QString> web{{u"html"_s, u"text/html"_s},
+                                             {u"htm"_s, u"text/html"_s},
+                                             {u"xhtml"_s, u"application/xhtml+xml"_s},
+                                             {u"css"_s, u"text/css"_s},
+                                             {u"js"_s, u"text/javascript"_s},
+                                             {u"mjs"_s, u"text/javascript"_s},
+                                             {u"json"_s, u"application/json"_s},
+                                             {u"svg"_s, u"image/svg+xml"_s},
+                                             {u"png"_s, u"image/png"_s},
+                                             {u"jpg"_s, u"image/jpeg"_s},
+                                             {u"jpeg"_s, u"image/jpeg"_s},
+                                             {u"gif"_s, u"image/gif"_s},
+                                             {u"webp"_s, u"image/webp"_s},
+                                             {u"avif"_s, u"image/avif"_s},
+                                             {u"ico"_s, u"image/x-icon"_s},
+                                             {u"woff"_s, u"font/woff"_s},
+                                             {u"woff2"_s, u"font/woff2"_s},
+                                             {u"ttf"_s, u"font/ttf"_s},
+                                             {u"otf"_s, u"font/otf"_s},
+                                             {u"txt"_s, u"text/plain"_s},
+                                             {u"xml"_s, u"text/xml"_s}};
+    const QString known = web.value(QFileInfo(path).suffix().toLower());
+    return known.isEmpty() ? QMimeDatabase().mimeTypeForFile(path).name() : known;
+}
+
+} // namespace
+
+Result<QUrl> LocalFiles::reachable(Browser& browser, const QUrl& address)
+{
+    const QString path = address.toLocalFile();
+    if (!isArchive(path) || !browser.account() || browser.account()->canRead(path)) return address;
+    static int copies = 0;
+    const auto copy = browser.folder().copyIn(path, u"page%1.mht"_s.arg(++copies));
+    if (!copy) return copy.error();
+    return QUrl::fromLocalFile(*copy);
+}
+
+LocalFiles::LocalFiles(Session& session, Account account) : m_session(session), m_account(account)
+{
+    connect(&session, &Session::event, this, [this](const QString& method, const QJsonObject& params) {
+        if (method == u"Fetch.requestPaused") answer(params);
+    });
+    session.post(u"Fetch.enable"_s,
+                 {{u"patterns"_s, QJsonArray{QJsonObject{{u"urlPattern"_s, u"file://*"_s}}}}});
+}
+
+void LocalFiles::answer(const QJsonObject& params)
+{
+    const QString requestId = params[u"requestId"].toString();
+    const QString path = QUrl(params[u"request"][u"url"].toString()).toLocalFile();
+    const QFileInfo file(path);
+    if (!file.isFile() || m_account.canRead(path))
+        m_session.post(u"Fetch.continueRequest"_s, {{u"requestId"_s, requestId}});
+    else if (file.size() > kLargestBytes)
+        refuse(requestId);
+    else
+        fulfil(requestId, path);
+}
+
+void LocalFiles::fulfil(const QString& requestId, const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return refuse(requestId);
+    const QJsonObject type{{u"name"_s, u"Content-Type"_s}, {u"value"_s, contentType(path)}};
+    m_session.post(u"Fetch.fulfillRequest"_s, {{u"requestId"_s, requestId},
+                                               {u"responseCode"_s, 200},
+                                               {u"responseHeaders"_s, QJsonArray{type}},
+                                               {u"body"_s, QString::fromLatin1(file.readAll().toBase64())}});
+}
+
+void LocalFiles::refuse(const QString& requestId)
+{
+    qCInfo(logPage) << "a local file was not handed over, request" << requestId;
+    m_session.post(u"Fetch.failRequest"_s,
+                   {{u"requestId"_s, requestId}, {u"errorReason"_s, u"AccessDenied"_s}});
+}
+
+} // namespace vistrel

@@ -1,0 +1,230 @@
+#include "capture/page/page_run.h"
+
+#include "capture/page/local_files.h"
+#include "capture/page/page_scripts.h"
+#include "capture/page/screenshot.h"
+#include "platform/log.h"
+
+#include <QDeadlineTimer>
+#include <QTimer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+// Progress, in percent of a page's way.
+constexpr int kOpened = 5;
+constexpr int kAnswered = 20;
+constexpr int kParsed = 40;
+constexpr int kLoaded = 60;
+constexpr int kSettled = 75;
+constexpr int kWaited = 85;
+constexpr int kDone = 100;
+
+constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
+
+Error cancelled() { return {Error::Kind::Cancelled, u"the capture was stopped"_s, {}}; }
+
+} // namespace
+
+std::shared_ptr<PageRun> PageRun::create(std::shared_ptr<Browser> browser, PageRequest request)
+{
+    return std::shared_ptr<PageRun>(new PageRun(std::move(browser), std::move(request)));
+}
+
+PageRun::PageRun(std::shared_ptr<Browser> browser, PageRequest request)
+    : m_browser(std::move(browser)), m_request(std::move(request))
+{
+    m_request.timeout = timeoutOf(m_request);
+}
+
+std::chrono::milliseconds PageRun::timeoutOf(const PageRequest& request)
+{
+    return request.timeout.count() > 0 ? request.timeout : kDefaultTimeout;
+}
+
+Task<Result<PageShot>> PageRun::run()
+{
+    const auto self = shared_from_this();
+    const QDeadlineTimer deadline(m_request.timeout);
+    report(0);
+    const auto opened = co_await open();
+    if (!opened) co_return opened.error();
+    QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), m_session.get(),
+                       [this] { runOut(); });
+    auto shot = co_await runOpened();
+    m_files.reset();
+    m_watch.reset();
+    m_session->end(cancelled());
+    m_target.reset();
+    co_return shot;
+}
+
+void PageRun::runOut()
+{
+    const double seconds = double(m_request.timeout.count()) / 1000;
+    m_session->end({Error::Kind::Timeout, u"the time-out of %1 s ran out"_s.arg(seconds), {}});
+}
+
+Task<Result<PageShot>> PageRun::runOpened()
+{
+    const auto prepared = co_await prepare();
+    if (!prepared) co_return prepared.error();
+    const auto loaded = co_await load();
+    if (!loaded) co_return loaded.error();
+    auto picture = co_await shoot();
+    if (!picture) co_return picture.error();
+    report(kDone);
+    co_return PageShot{std::move(*picture), m_watch->address(), m_watch->httpStatus(), m_warnings};
+}
+
+Task<Result<void>> PageRun::open()
+{
+    auto target = co_await m_browser->openPage(m_request.timeout);
+    if (!target) {
+        if (target.error().kind == Error::Kind::Timeout) m_browser->setFaulty();
+        co_return target.error();
+    }
+    m_target = std::move(*target);
+    m_session = m_target->session();
+    if (m_cancelled) m_session->end(cancelled());
+    report(kOpened);
+    co_return Result<void>();
+}
+
+Task<Result<void>> PageRun::prepare()
+{
+    m_watch = std::make_unique<PageWatch>(*m_session);
+    connect(m_watch.get(), &PageWatch::changed, this, [this] {
+        if (m_watch->isParsed()) report(kParsed);
+        if (m_watch->isLoaded()) report(kLoaded);
+    });
+    const bool local = m_request.addresses.first().isLocalFile();
+    if (local && m_browser->account())
+        m_files = std::make_unique<LocalFiles>(*m_session, *m_browser->account());
+    m_session->post(u"Page.enable"_s);
+    m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
+    m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
+    m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
+    if (!m_request.allowScript)
+        m_session->post(u"Emulation.setScriptExecutionDisabled"_s, {{u"value"_s, true}});
+    const QJsonObject metrics{{u"width"_s, m_request.viewport.width()},
+                              {u"height"_s, m_request.viewport.height()},
+                              {u"deviceScaleFactor"_s, 1},
+                              {u"mobile"_s, false}};
+    const auto sized = co_await m_session->call(u"Emulation.setDeviceMetricsOverride"_s, metrics);
+    if (!sized) co_return sized.error().during(u"preparing the page"_s);
+    co_return Result<void>();
+}
+
+Task<Result<void>> PageRun::load()
+{
+    const auto navigated = co_await navigateToFirstReachable();
+    if (!navigated) co_return navigated.error().during(u"loading the page"_s);
+    const auto parsed =
+        co_await m_session->until([this] { return m_watch->isParsed(); }, m_request.timeout, u"the markup"_s);
+    if (!parsed) co_return parsed.error().during(u"loading the page"_s);
+    const auto loaded =
+        co_await m_session->until([this] { return m_watch->isLoaded(); }, loadLimit(), u"loading"_s);
+    if (!m_session->isOpen()) co_return loaded.error().during(u"loading the page"_s);
+    if (!loaded) {
+        warn(u"the page never finished loading"_s);
+        m_session->post(u"Page.stopLoading"_s);
+    }
+    co_return checkDocument();
+}
+
+Task<Result<void>> PageRun::navigateToFirstReachable()
+{
+    Result<void> navigated;
+    for (const QUrl& address : std::as_const(m_request.addresses)) {
+        navigated = co_await navigate(address);
+        if (navigated || navigated.error().kind != Error::Kind::Page) break;
+    }
+    co_return navigated;
+}
+
+Task<Result<void>> PageRun::navigate(QUrl address)
+{
+    const auto reachable =
+        address.isLocalFile() ? LocalFiles::reachable(*m_browser, address) : Result<QUrl>(address);
+    if (!reachable) co_return reachable.error();
+    const QJsonObject params{{u"url"_s, QString::fromUtf8(reachable->toEncoded())}};
+    const auto reply = co_await m_session->call(u"Page.navigate"_s, params, m_request.timeout);
+    if (!reply) co_return reply.error();
+    const QString problem = reply->result.value(u"errorText"_s).toString();
+    if (reply->result.value(u"isDownload"_s).toBool())
+        co_return Error{Error::Kind::Page, u"the address is a download, not a page"_s, {}};
+    if (!problem.isEmpty()) co_return Error{Error::Kind::Page, problem, {}};
+    m_watch->expectDocument(reply->result.value(u"frameId"_s).toString(),
+                            reply->result.value(u"loaderId"_s).toString());
+    report(kAnswered);
+    co_return Result<void>();
+}
+
+Result<void> PageRun::checkDocument() const
+{
+    if (!m_watch->showsErrorPage()) return {};
+    return Error{Error::Kind::Page, u"the browser shows an error page"_s, {}};
+}
+
+Task<Result<void>> PageRun::becomeReady()
+{
+    const auto settled = co_await pageScripts::settle(m_session, m_watch->mainFrame());
+    if (!m_session->isOpen()) co_return settled.error().during(u"waiting for the page"_s);
+    if (!settled) warn(u"the page did not come to rest: "_s + settled.error().message);
+    report(kSettled);
+    if (m_request.delay.count() > 0) {
+        const auto waited = co_await m_session->pause(m_request.delay);
+        if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
+    }
+    report(kWaited);
+    const auto frozen = co_await pageScripts::freeze(m_session, m_watch->mainFrame());
+    if (!m_session->isOpen()) co_return frozen.error().during(u"stopping animations"_s);
+    co_return Result<void>();
+}
+
+Task<Result<PagePicture>> PageRun::shoot()
+{
+    const auto ready = co_await becomeReady();
+    if (!ready) co_return ready.error();
+    const auto area = co_await measurePage(m_session, m_request.viewport);
+    if (!area) co_return area.error();
+    auto picture = co_await takePicture(m_session, *area, m_request.encoding, m_request.jpegQuality,
+                                        [this, height = area->height()](int rows) {
+                                            report(kWaited + (kDone - 1 - kWaited) * rows / height);
+                                        });
+    if (!picture) co_return picture.error();
+    const auto stillThere = checkDocument();
+    if (!stillThere) co_return stillThere.error();
+    co_return picture;
+}
+
+void PageRun::cancel()
+{
+    m_cancelled = true;
+    if (m_session) m_session->end(cancelled());
+}
+
+void PageRun::report(int percent)
+{
+    if (percent <= m_percent) return;
+    m_percent = percent;
+    Q_EMIT progress(percent);
+}
+
+void PageRun::warn(const QString& words)
+{
+    qCInfo(logPage).noquote() << m_request.addresses.first().toDisplayString() << words;
+    m_warnings += words;
+}
+
+std::chrono::milliseconds PageRun::loadLimit() const { return m_request.timeout * 6 / 10; }
+
+} // namespace vistrel

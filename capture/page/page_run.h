@@ -1,0 +1,64 @@
+#pragma once
+
+#include "capture/browser/page_target.h"
+#include "capture/page/page_request.h"
+#include "capture/page/page_watch.h"
+
+#include <memory>
+
+namespace vistrel
+{
+
+class LocalFiles;
+
+/// Captures one page: opens it in a context of its own, loads, waits, settles, measures, takes the picture,
+/// closes. Whatever goes wrong, it ends within its request's timeout plus the closing, and leaves the browser
+/// usable or declared faulty.
+class PageRun : public QObject, public std::enable_shared_from_this<PageRun>
+{
+    Q_OBJECT
+public:
+    static std::shared_ptr<PageRun> create(std::shared_ptr<Browser> browser, PageRequest request);
+
+    /// Runs it, once. Errors: Page (cannot be loaded, crashed, gave no document), Timeout, TooLarge,
+    /// Cancelled, Closed (the browser went away), Protocol and Format (the browser misbehaves).
+    Task<Result<PageShot>> run();
+
+    /// Ends the run soon with Error::Kind::Cancelled; after its end it does nothing.
+    void cancel();
+
+    /// The time that request allows, its default when it names none.
+    static std::chrono::milliseconds timeoutOf(const PageRequest& request);
+
+Q_SIGNALS:
+    /// 0 to 100, rising.
+    void progress(int percent);
+
+private:
+    PageRun(std::shared_ptr<Browser> browser, PageRequest request);
+    Task<Result<PageShot>> runOpened();
+    Task<Result<void>> open();
+    Task<Result<void>> prepare();
+    Task<Result<void>> load();
+    Task<Result<void>> navigateToFirstReachable();
+    Task<Result<void>> navigate(QUrl address);
+    Task<Result<void>> becomeReady();
+    Task<Result<PagePicture>> shoot();
+    void runOut();
+    Result<void> checkDocument() const;
+    void report(int percent);
+    void warn(const QString& words);
+    [[nodiscard]] std::chrono::milliseconds loadLimit() const;
+
+    std::shared_ptr<Browser> m_browser;
+    PageRequest m_request;
+    std::shared_ptr<PageTarget> m_target;
+    std::shared_ptr<Session> m_session;
+    std::unique_ptr<PageWatch> m_watch;
+    std::unique_ptr<LocalFiles> m_files;
+    QStringList m_warnings;
+    int m_percent = -1;
+    bool m_cancelled = false;
+};
+
+} // namespace vistrel

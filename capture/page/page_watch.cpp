@@ -1,0 +1,97 @@
+#include "capture/page/page_watch.h"
+
+#include "platform/log.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+PageWatch::PageWatch(Session& session) : m_session(session)
+{
+    connect(&session, &Session::event, this, &PageWatch::take);
+}
+
+void PageWatch::expectDocument(const QString& frameId, const QString& loaderId)
+{
+    m_mainFrame = frameId;
+    if (m_loaderId.isEmpty()) m_loaderId = loaderId;
+}
+
+void PageWatch::take(const QString& method, const QJsonObject& params)
+{
+    using Handler = void (*)(PageWatch&, const QJsonObject&);
+    static const QHash<QString, Handler> handlers{
+        {u"Page.javascriptDialogOpening"_s, [](PageWatch& w, const QJsonObject& p) { w.answerDialog(p); }},
+        {u"Page.frameNavigated"_s,
+         [](PageWatch& w, const QJsonObject& p) { w.followNavigation(p[u"frame"].toObject()); }},
+        {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
+        {u"Network.requestWillBeSent"_s,
+         [](PageWatch& w, const QJsonObject& p) { w.m_requests.insert(p[u"requestId"].toString()); }},
+        {u"Network.responseReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.followResponse(p); }},
+        {u"Network.dataReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.countBytes(p); }},
+        {u"Network.loadingFinished"_s,
+         [](PageWatch& w, const QJsonObject& p) { w.m_requests.remove(p[u"requestId"].toString()); }},
+        {u"Network.loadingFailed"_s,
+         [](PageWatch& w, const QJsonObject& p) { w.m_requests.remove(p[u"requestId"].toString()); }},
+        {u"Inspector.targetCrashed"_s,
+         [](PageWatch& w, const QJsonObject&) {
+             w.giveUp(Error::Kind::Page, u"the page crashed its renderer"_s);
+         }},
+        {u"Inspector.detached"_s,
+         [](PageWatch& w, const QJsonObject&) { w.giveUp(Error::Kind::Page, u"the page went away"_s); }}};
+    const Handler handler = handlers.value(method);
+    if (handler == nullptr) return;
+    handler(*this, params);
+    Q_EMIT changed();
+}
+
+void PageWatch::answerDialog(const QJsonObject& params)
+{
+    qCInfo(logPage) << "dialog dismissed:" << params[u"type"].toString()
+                    << params[u"message"].toString().left(200);
+    const bool leaving = params[u"type"].toString() == u"beforeunload";
+    m_session.post(u"Page.handleJavaScriptDialog"_s, {{u"accept"_s, leaving}});
+    if (++m_dialogs > kMostDialogs) giveUp(Error::Kind::Page, u"the page opens dialog after dialog"_s);
+}
+
+void PageWatch::followNavigation(const QJsonObject& frame)
+{
+    if (frame.contains(u"parentId")) return;
+    m_mainFrame = frame[u"id"].toString();
+    m_loaderId = frame[u"loaderId"].toString();
+    m_address = QUrl(frame[u"url"].toString());
+    m_errorPage = m_address.scheme() == u"chrome-error" || frame.contains(u"unreachableUrl");
+    m_parsed = false;
+    m_loaded = false;
+    if (++m_navigations > kMostNavigations)
+        giveUp(Error::Kind::Page, u"the page changes its address again and again"_s);
+}
+
+void PageWatch::followLifecycle(const QJsonObject& params)
+{
+    if (params[u"frameId"].toString() != m_mainFrame || params[u"loaderId"].toString() != m_loaderId) return;
+    const QString name = params[u"name"].toString();
+    if (name == u"DOMContentLoaded") m_parsed = true;
+    if (name == u"load") m_loaded = true;
+}
+
+void PageWatch::followResponse(const QJsonObject& params)
+{
+    if (params[u"type"].toString() != u"Document" || params[u"frameId"].toString() != m_mainFrame) return;
+    const QJsonObject response = params[u"response"].toObject();
+    if (response[u"url"].toString().startsWith(u"http")) m_httpStatus = response[u"status"].toInt();
+}
+
+void PageWatch::countBytes(const QJsonObject& params)
+{
+    m_bytes += qint64(params[u"dataLength"].toDouble());
+    if (m_bytes > kMostBytes)
+        giveUp(Error::Kind::TooLarge, u"the page fetches over %1 MiB"_s.arg(kMostBytes / (1024 * 1024)));
+}
+
+void PageWatch::giveUp(Error::Kind kind, const QString& why) { m_session.end({kind, why, {}}); }
+
+} // namespace vistrel

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "capture/protocol/session.h"
+
+#include <QSet>
+#include <QUrl>
+
+namespace vistrel
+{
+
+/// Follows one page through its events: which document it shows, how far that is loaded, what it fetched. It
+/// answers what would stall the page (dialogs) and ends the session when the page passes a cap.
+class PageWatch : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr int kMostDialogs = 10;
+    static constexpr int kMostNavigations = 20;
+    /// Decoded bytes of all that the page fetched: a bomb, not a page.
+    static constexpr qint64 kMostBytes = 512LL * 1024 * 1024;
+
+    /// Listens from now on; session must outlive this object.
+    explicit PageWatch(Session& session);
+
+    /// The document that navigate() was answered with; what is asked below is about it or its successors.
+    void expectDocument(const QString& frameId, const QString& loaderId);
+
+    [[nodiscard]] const QString& mainFrame() const { return m_mainFrame; }
+    /// Names the document in the main frame; changes with each navigation.
+    [[nodiscard]] const QString& loaderId() const { return m_loaderId; }
+    /// The document's markup is parsed (DOMContentLoaded).
+    [[nodiscard]] bool isParsed() const { return m_parsed; }
+    /// The document and all that it asked for at first is there (load).
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    /// No request of the page is under way.
+    [[nodiscard]] bool isQuiet() const { return m_requests.isEmpty(); }
+    /// The browser shows an error page of its own in place of the document.
+    [[nodiscard]] bool showsErrorPage() const { return m_errorPage; }
+    [[nodiscard]] const QUrl& address() const { return m_address; }
+    /// Of the document; 0 while unknown or not from a server.
+    [[nodiscard]] int httpStatus() const { return m_httpStatus; }
+    [[nodiscard]] int dialogs() const { return m_dialogs; }
+
+Q_SIGNALS:
+    /// One of the states above may have changed.
+    void changed();
+
+private:
+    void take(const QString& method, const QJsonObject& params);
+    void answerDialog(const QJsonObject& params);
+    void followNavigation(const QJsonObject& frame);
+    void followLifecycle(const QJsonObject& params);
+    void followResponse(const QJsonObject& params);
+    void countBytes(const QJsonObject& params);
+    void giveUp(Error::Kind kind, const QString& why);
+
+    Session& m_session;
+    QString m_mainFrame;
+    QString m_loaderId;
+    QUrl m_address;
+    QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
+    qint64 m_bytes = 0;
+    int m_httpStatus = 0;
+    int m_dialogs = 0;
+    int m_navigations = 0;
+    bool m_parsed = false;
+    bool m_loaded = false;
+    bool m_errorPage = false;
+};
+
+} // namespace vistrel
