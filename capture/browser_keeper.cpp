@@ -9,7 +9,7 @@ namespace vistrel
 
 Task<Result<std::shared_ptr<Browser>>> BrowserKeeper::browser(std::chrono::milliseconds startLimit)
 {
-    if (m_browser && m_browser->isUsable()) co_return m_browser;
+    if (m_browser && m_browser->isUsable()) co_return std::shared_ptr(m_browser);
     const auto browser = m_browser = Browser::create();
     BrowserOptions options = m_options;
     options.startLimit = std::min(options.startLimit, startLimit);
