@@ -1,0 +1,56 @@
+#include "platform/desktop/desktop_message_boxes.h"
+
+#include "platform/desktop/owner_widget.h"
+
+#include <QMessageBox>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+QMessageBox::StandardButton show(WindowHandle owner, QMessageBox::Icon icon, const QString& title,
+                                 QString text, QMessageBox::StandardButtons buttons,
+                                 QMessageBox::StandardButton defaultButton)
+{
+    QMessageBox box(icon, title, text.replace(u"\r\n"_s, u"\n"_s), buttons, ownerWidget(owner));
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(defaultButton);
+    return QMessageBox::StandardButton(box.exec());
+}
+
+void showWithOk(WindowHandle owner, QMessageBox::Icon icon, const QString& title, const QString& text)
+{
+    show(owner, icon, title, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+} // namespace
+
+void DesktopMessageBoxes::information(WindowHandle owner, const QString& text)
+{
+    showWithOk(owner, QMessageBox::Information, programTitle.toString(), text);
+}
+
+void DesktopMessageBoxes::critical(WindowHandle owner, const QString& text)
+{
+    showWithOk(owner, QMessageBox::Critical, programTitle.toString(), text);
+}
+
+void DesktopMessageBoxes::exclamation(WindowHandle owner, const QString& text, const QString& title)
+{
+    showWithOk(owner, QMessageBox::Warning, title, text);
+}
+
+MessageBoxes::Button DesktopMessageBoxes::question(WindowHandle owner, const QString& text,
+                                                   Button defaultButton)
+{
+    const auto answer =
+        show(owner, QMessageBox::Question, programTitle.toString(), text, QMessageBox::Yes | QMessageBox::No,
+             defaultButton == Button::Yes ? QMessageBox::Yes : QMessageBox::No);
+    return answer == QMessageBox::Yes ? Button::Yes : Button::No;
+}
+
+} // namespace vistrel

@@ -1,0 +1,96 @@
+#include "platform/host_files.h"
+
+#include "tests/support/plain_user.h"
+#include "tests/support/temp_folder.h"
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+using vistrel::Error;
+using vistrel::hostFiles;
+
+namespace
+{
+
+class HostFilesTest : public testing::Test
+{
+protected:
+    QString makePipe(const QString& name) const
+    {
+        EXPECT_EQ(::mkfifo(QFile::encodeName(m_folder.path(name)).constData(), 0600), 0);
+        return m_folder.path(name);
+    }
+
+    vistrel::test::TempFolder m_folder;
+};
+
+} // namespace
+
+TEST_F(HostFilesTest, OnlyAFileWithALengthExists)
+{
+    const QString empty = m_folder.write(u"empty"_s, "");
+    EXPECT_TRUE(hostFiles().exists(empty));
+    EXPECT_EQ(*hostFiles().length(empty), 0);
+    EXPECT_EQ(*hostFiles().length(m_folder.write(u"three"_s, "abc")), 3);
+
+    for (const QString& path :
+         {m_folder.path({}), makePipe(u"pipe"_s), u"/dev/zero"_s, m_folder.path(u"none"_s),
+          u"http://example.com/"_s, u":/qt-project.org/logo"_s, QString(), empty + QChar(u'\0')})
+        EXPECT_FALSE(hostFiles().exists(path) || hostFiles().length(path)) << path.toStdString();
+}
+
+TEST_F(HostFilesTest, WritesFromTheStartAndKeepsALongerTail)
+{
+    ASSERT_TRUE(hostFiles().writeFromStart(m_folder.path(u"new"_s), "one"));
+    ASSERT_TRUE(hostFiles().writeFromStart(m_folder.path(u"new"_s), "TW"));
+    EXPECT_EQ(m_folder.read(u"new"_s), "TWe");
+    EXPECT_EQ(*hostFiles().read(m_folder.path(u"new"_s)), "TWe");
+}
+
+TEST_F(HostFilesTest, FailuresNameThePathAndTheReason)
+{
+    const QString missing = m_folder.path(u"no/file"_s);
+    const auto read = hostFiles().read(missing);
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.error().kind, Error::Kind::Io);
+    EXPECT_EQ(read.error().message, missing + u": No such file or directory"_s);
+    EXPECT_FALSE(hostFiles().writeFromStart(missing, "x"));
+    EXPECT_FALSE(hostFiles().remove(missing));
+    EXPECT_FALSE(hostFiles().remove(m_folder.path({}))) << "a folder";
+}
+
+TEST_F(HostFilesTest, NeverWaitsForAPipe)
+{
+    const QString pipe = makePipe(u"pipe"_s);
+    EXPECT_FALSE(hostFiles().read(pipe));
+    EXPECT_FALSE(hostFiles().writeFromStart(pipe, "x"));
+}
+
+TEST_F(HostFilesTest, ANameWithANulIsNotTheFileNamedByItsStart)
+{
+    const QString path = m_folder.write(u"a"_s, "kept") + QChar(u'\0') + u"b"_s;
+    EXPECT_FALSE(hostFiles().read(path));
+    EXPECT_FALSE(hostFiles().writeFromStart(path, "gone"));
+    EXPECT_FALSE(hostFiles().remove(path));
+    EXPECT_EQ(m_folder.read(u"a"_s), "kept");
+}
+
+TEST_F(HostFilesTest, RemovesAFileAndGivesNoShortPathForIt)
+{
+    const QString path = m_folder.write(u"long file name.html"_s, "x");
+    EXPECT_EQ(hostFiles().shortPath(path), path);
+    ASSERT_TRUE(hostFiles().remove(path));
+    EXPECT_EQ(hostFiles().shortPath(path), QString());
+}
+
+TEST_F(HostFilesTest, DoesNotRemoveAWriteProtectedFile)
+{
+    const QString path = m_folder.write(u"kept"_s, "x");
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther);
+    QFile::setPermissions(m_folder.path({}), QFile::Permission(0x7777));
+    const vistrel::test::PlainUser plain;
+    const auto removed = hostFiles().remove(path);
+    ASSERT_FALSE(removed);
+    EXPECT_EQ(removed.error().message, path + u": The file is write-protected"_s);
+    EXPECT_TRUE(hostFiles().exists(path));
+}

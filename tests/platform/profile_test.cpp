@@ -1,0 +1,91 @@
+#include "platform/profile.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using vistrel::CodePage;
+using vistrel::Profile;
+
+namespace
+{
+
+Profile profile(QByteArrayView bytes) { return Profile(CodePage("UTF-8"), bytes); }
+
+QByteArray changed(QByteArrayView bytes, const QString& key, const QString& value)
+{
+    Profile result = profile(bytes);
+    result.setValue(u"Main", key, value);
+    return result.bytes();
+}
+
+} // namespace
+
+TEST(Profile, FindsSectionsAndKeysInAnyCaseAndTheFirstOfEqualOnes)
+{
+    const Profile file =
+        profile("Key=none\n[other]\nKey=other\n[ main ] ; x\n ;Key=comment\n\tkEY = 1\nKey=2\n"
+                "[MAIN]\nKey=3\nLate=4\n");
+    EXPECT_EQ(file.value(u"Main", u"Key"), u"1"_s);
+    EXPECT_EQ(file.value(u"Main", u"Late"), QString()) << "only the first section of the name counts";
+    EXPECT_EQ(file.value(u"Main", u"Missing"), QString());
+    EXPECT_EQ(file.value(u"Missing", u"Key"), QString());
+}
+
+TEST(Profile, TrimsBlanksAndThenOnePairOfQuotes)
+{
+    const Profile file =
+        profile("[M]\r\nplain= a = b ; c \t\r\nquoted=\" a \"\r\nsingle='x'\r\ntwice=\"'x'\"\r\n"
+                "half=\"x\r\nlone=\"\r\nbare\r\nnul=a\0b\r\nlast=end"_ba);
+    EXPECT_EQ(file.value(u"M", u"plain"), u"a = b ; c"_s);
+    EXPECT_EQ(file.value(u"M", u"quoted"), u" a "_s);
+    EXPECT_EQ(file.value(u"M", u"single"), u"x"_s);
+    EXPECT_EQ(file.value(u"M", u"twice"), u"'x'"_s);
+    EXPECT_EQ(file.value(u"M", u"half"), u"\"x"_s);
+    EXPECT_EQ(file.value(u"M", u"lone"), u"\""_s);
+    EXPECT_EQ(file.value(u"M", u"bare"), QString());
+    EXPECT_EQ(file.value(u"M", u"last"), u"end"_s);
+}
+
+TEST(Profile, CutsLongValuesToTheBuffer)
+{
+    const QByteArray letters(300, 'x');
+    EXPECT_EQ(profile("[M]\nk=" + letters).value(u"M", u"k"), QString(259, u'x'));
+    EXPECT_EQ(profile("[M]\nk=" + letters.left(259)).value(u"M", u"k"), QString(259, u'x'));
+}
+
+TEST(Profile, ANewFileGetsItsKeysInWritingOrderWithCrLf)
+{
+    Profile file = profile("");
+    file.setValue(u"Main", u"One", u"1"_s);
+    file.setValue(u"Main", u"Two", QString());
+    EXPECT_EQ(file.bytes(), "[Main]\r\nOne=1\r\nTwo=\r\n");
+}
+
+TEST(Profile, AChangeTouchesOnlyItsOwnLine)
+{
+    EXPECT_EQ(changed("; \xFF\n[a]\n Key=1\n[main]\r\n KEY = 1\r\n;x\n[b]\n", u"Key"_s, u"22"_s),
+              "; \xFF\n[a]\n Key=1\n[main]\r\n KEY =22\r\n;x\n[b]\n");
+    EXPECT_EQ(changed("[Main]\nKey", u"Key"_s, u"1"_s), "[Main]\nKey=1");
+    EXPECT_EQ(changed("\xEF\xBB\xBF[Main]\nKey=\n", u"Key"_s, u"1"_s), "\xEF\xBB\xBF[Main]\nKey=1\n");
+}
+
+TEST(Profile, ANewKeyEndsItsSectionInTheStyleOfTheFile)
+{
+    EXPECT_EQ(changed("[Main]\na=1\n\n \n[b]\n", u"Key"_s, u"1"_s), "[Main]\na=1\nKey=1\n\n \n[b]\n");
+    EXPECT_EQ(changed("[Main]", u"Key"_s, u"1"_s), "[Main]\r\nKey=1\r\n");
+    EXPECT_EQ(changed("[b]\nx=1", u"Key"_s, u"1"_s), "[b]\nx=1\n[Main]\nKey=1\n");
+}
+
+TEST(Profile, AValueCannotAddLines)
+{
+    EXPECT_EQ(changed("", u"Key"_s, u"a\r\n[b]\nc=1"_s), "[Main]\r\nKey=a  [b] c=1\r\n");
+}
+
+TEST(Profile, SpeaksItsCodePage)
+{
+    Profile file(CodePage("SHIFT_JIS"),
+                 CodePage("SHIFT_JIS").toBytes(u"[表]\nソ=能\n"_s)); // Bytes hold 0x5C, 0x5D.
+    EXPECT_EQ(file.value(u"表", u"ソ"), u"能"_s);
+    file.setValue(u"表", u"ソ", u"é表"_s);
+    EXPECT_EQ(file.value(u"表", u"ソ"), u"?表"_s);
+}
