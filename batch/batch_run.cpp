@@ -63,7 +63,7 @@ Task<> BatchRun::convertAll()
 
 Task<> BatchRun::convert(Entry entry)
 {
-    const auto browser = co_await m_browsers.browser(m_plan.browser.startLimit);
+    const auto browser = co_await m_browsers.browser();
     if (!browser) {
         if (!m_stopped) m_progress.message(u"vistrel-batch: "_s + browser.error().text());
         stop(ExitCode::NoBrowser);

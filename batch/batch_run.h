@@ -1,12 +1,12 @@
 #pragma once
 
+#include "batch/browser_pool.h"
 #include "batch/entry_conversion.h"
 #include "batch/entry_source.h"
 #include "batch/exit_code.h"
 #include "batch/output_names.h"
 #include "batch/progress.h"
 #include "batch/report_file.h"
-#include "capture/browser_keeper.h"
 
 namespace vistrel
 {
@@ -39,7 +39,7 @@ private:
     ReportFile m_report;
     EntrySource m_entries;
     OutputNames m_names;
-    BrowserKeeper m_browsers;
+    BrowserPool m_browsers;
     QThreadPool m_writers;
     std::shared_ptr<EntryConversion> m_conversion; // The one under way.
     std::optional<ExitCode> m_stopped;

@@ -26,7 +26,8 @@ const char* const kDescription = R"(Turns lists of web pages into image files.
 A list is a text file with one address or local HTML file a line; "-" reads it from standard input.
 Lines that begin with "*" and lines of at most one character are left out.)";
 
-const char* const kExitCodes = R"(Exit codes: 0 all converted, 1 some entries failed, 2 usage, 3 the browser could not be started,
+const char* const kExitCodes =
+    R"(Exit codes: 0 all converted, 1 some entries failed, 2 usage, 3 the browser could not be started,
 130 and 143 interrupted.)";
 
 /// The options as they are written.

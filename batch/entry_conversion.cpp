@@ -80,8 +80,12 @@ Task<Outcome> EntryConversion::run(std::shared_ptr<Browser> browser, OutputFiles
     if (!shot) {
         if (!m_cancelled) outcome = Outcome::failed(shot.error().text());
     } else if (!m_cancelled) {
-        WritingJob job{std::move(shot->picture), std::move(files),  m_plan.format, m_plan.jpegQuality,
-                       m_plan.thumbnail,         m_plan.overwrite ? IfExists::Replace : IfExists::Refuse};
+        WritingJob job{std::move(shot->picture),
+                       std::move(files),
+                       m_plan.format,
+                       m_plan.jpegQuality,
+                       m_plan.thumbnail,
+                       m_plan.overwrite ? IfExists::Replace : IfExists::Refuse};
         const auto writing = QtConcurrent::run(&m_writers, encodeAndWrite, std::move(job));
         outcome = co_await writing;
     }

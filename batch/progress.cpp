@@ -77,9 +77,8 @@ void Progress::print(std::ostream& stream, const QString& line)
 void Progress::drawLine()
 {
     if (!m_streams.terminal) return;
-    const QString line = u"%1 done, %2 failed, %3 a second"_s.arg(m_tally.all())
-                             .arg(m_tally.failed)
-                             .arg(rate(), 0, 'f', 1);
+    const QString line =
+        u"%1 done, %2 failed, %3 a second"_s.arg(m_tally.all()).arg(m_tally.failed).arg(rate(), 0, 'f', 1);
     clearLine();
     m_streams.err << line.left(std::max(m_streams.columns - 1, 1)).toStdString() << std::flush;
 }

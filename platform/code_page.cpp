@@ -35,12 +35,11 @@ public:
     // iconv_open reports failure as an all-ones handle.
     [[nodiscard]] bool isKnown() const { return reinterpret_cast<intptr_t>(m_descriptor) != -1; }
 
-    /// Converts as much of input as follows its character set; returns what is left, empty when all went
+    /// Converts as much of input as follows its character set; the rest is returned, empty when all went
     /// well.
     QByteArrayView feed(QByteArrayView input)
     {
-        auto* from =
-            const_cast<char*>(input.data()); // iconv takes, but never writes through, a plain pointer.
+        auto* from = const_cast<char*>(input.data()); // iconv only reads through it.
         auto left = size_t(input.size());
         while (step(&from, &left) == E2BIG) {
         }

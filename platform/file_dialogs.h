@@ -9,17 +9,16 @@ namespace vistrel
 
 /// What the open-file dialog is asked for.
 struct OpenFileRequest {
-    // Flags.
     static constexpr quint32 AllowMultiSelect = 0x200; ///< Several files may be chosen.
     static constexpr quint32 FileMustExist = 0x1000;   ///< Else any name may be typed.
     static constexpr quint32 Explorer = 0x80000;       ///< The newer look, and its way of returning files.
     static constexpr quint32 NoDereferenceLinks = 0x100000; ///< Links are returned themselves.
 
     WindowHandle owner = nullptr;
-    QString filter; ///< Pairs of description and patterns ("*.htm;*.html"), a NUL after each, one more at the
-                    ///< end.
-    QString buffer; ///< The name that the dialog starts with, NULs up to the end. Its length is the reply's
-                    ///< limit.
+    /// Pairs of description and patterns ("*.htm;*.html"), a NUL after each and more at the end.
+    QString filter;
+    /// The name that the dialog starts with, then NULs. The reply must fit into the same length.
+    QString buffer;
     QString initialFolder;    ///< Empty: the dialog's own choice.
     QString title;            ///< Empty: the system's title.
     quint32 flags = 0;        ///< The flags above, or-ed.

@@ -67,15 +67,15 @@ void Profile::setValue(QStringView section, QStringView key, const QString& valu
     const QByteArray newValue = m_codePage.toBytes(QString(value).replace(u'\r', u' ').replace(u'\n', u' '));
     const QByteArray newKey = m_codePage.toBytes(key) + '=';
     Section lines = find(section);
-    if (lines.first < 0) {
-        insert(m_lines.size(), '[' + m_codePage.toBytes(section) + ']');
-        lines = {m_lines.size(), m_lines.size()};
-    }
     if (const qsizetype line = lineOf(lines, key); line >= 0) {
         QByteArray& old = m_lines[line];
         const QByteArray oldKey = old.left(old.indexOf('=') + 1);
         old = (oldKey.isEmpty() ? newKey : oldKey) + newValue + lineEndOf(old);
         return;
+    }
+    if (lines.first < 0) {
+        insert(m_lines.size(), '[' + m_codePage.toBytes(section) + ']');
+        lines = {m_lines.size(), m_lines.size()};
     }
     while (lines.end > lines.first && text(lines.end - 1).isEmpty())
         --lines.end;

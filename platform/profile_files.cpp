@@ -17,7 +17,6 @@ namespace
 
 Result<void> replaceFile(const QString& path, const QByteArray& bytes)
 {
-    QDir().mkpath(QFileInfo(path).path());
     QSaveFile file(path);
     if (file.open(QSaveFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return {};
     return Error{Error::Kind::Io, path + u": "_s + file.errorString(), {}};
@@ -49,7 +48,9 @@ Result<void> ProfileFiles::write(const QString& path, const QString& section,
     for (const Entry& entry : entries)
         profile->setValue(section, entry.key, entry.value);
     if (profile->bytes() == before) return {};
-    return replaceFile(pathForWriting(path), profile->bytes());
+    const QString target = pathForWriting(path);
+    if (target != path) QDir().mkpath(m_userFolder);
+    return replaceFile(target, profile->bytes());
 }
 
 QString ProfileFiles::pathForWriting(const QString& path) const

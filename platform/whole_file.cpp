@@ -112,8 +112,7 @@ std::optional<WriteProblem> writeWholeFile(const QString& path, QByteArrayView b
 {
     const QString folder = QFileInfo(path).absolutePath();
     TemporaryFile file(folder);
-    const bool done =
-        file.isOpen() && file.write(bytes) && file.moveTo(QFile::encodeName(path), ifExists);
+    const bool done = file.isOpen() && file.write(bytes) && file.moveTo(QFile::encodeName(path), ifExists);
     if (!done) return problem(path, errno);
     syncFolder(folder);
     return std::nullopt;

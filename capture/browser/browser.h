@@ -46,6 +46,9 @@ public:
 
     /// "HeadlessChrome/156.0.8078.79".
     [[nodiscard]] const QString& product() const { return m_product; }
+    /// Pixels of a side that this browser draws right in one piece.
+    [[nodiscard]] int longestSide() const { return m_longestSide; }
+    void setLongestSide(int px) { m_longestSide = px; }
     [[nodiscard]] qint64 processId() const { return m_process->processId(); }
     [[nodiscard]] Connection& connection() { return *m_connection; }
     [[nodiscard]] ScratchFolder& folder() { return *m_folder; }
@@ -64,6 +67,7 @@ private:
     std::unique_ptr<PipedProcess> m_process;
     std::unique_ptr<Connection> m_connection;
     QString m_product;
+    int m_longestSide = 16384; // What Chromium's software drawing has been seen to manage.
     bool m_faulty = false;
 };
 

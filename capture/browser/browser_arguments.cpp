@@ -38,6 +38,7 @@ QStringList quietArguments()
 QStringList drawingArguments()
 {
     return {u"--hide-scrollbars"_s,
+            u"--blink-settings=imageAnimationPolicy=2"_s, // Animated images show their first frame.
             u"--disable-gpu"_s,
             u"--force-color-profile=srgb"_s,
             u"--font-render-hinting=none"_s,

@@ -59,8 +59,10 @@ Result<QUrl> LocalFiles::reachable(Browser& browser, const QUrl& address)
     return QUrl::fromLocalFile(*copy);
 }
 
-LocalFiles::LocalFiles(Session& session, Account account) : m_session(session), m_account(account)
+LocalFiles::LocalFiles(Session& session, std::optional<Account> account, const QString& confinement)
+    : m_session(session), m_account(account)
 {
+    if (!confinement.isEmpty()) m_confinement = QFileInfo(confinement).canonicalFilePath() + u'/';
     connect(&session, &Session::event, this, [this](const QString& method, const QJsonObject& params) {
         if (method == u"Fetch.requestPaused") answer(params);
     });
@@ -72,19 +74,23 @@ void LocalFiles::answer(const QJsonObject& params)
 {
     const QString requestId = params[u"requestId"].toString();
     const QString path = QUrl(params[u"request"][u"url"].toString()).toLocalFile();
-    const QFileInfo file(path);
-    if (!file.isFile() || m_account.canRead(path))
+    if (!isConfined(path))
+        refuse(requestId, path);
+    else if (!m_account || !QFileInfo(path).isFile() || m_account->canRead(path))
         m_session.post(u"Fetch.continueRequest"_s, {{u"requestId"_s, requestId}});
-    else if (file.size() > kLargestBytes)
-        refuse(requestId);
     else
         fulfil(requestId, path);
+}
+
+bool LocalFiles::isConfined(const QString& path) const
+{
+    return m_confinement.isEmpty() || QFileInfo(path).canonicalFilePath().startsWith(m_confinement);
 }
 
 void LocalFiles::fulfil(const QString& requestId, const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return refuse(requestId);
+    if (file.size() > kLargestBytes || !file.open(QIODevice::ReadOnly)) return refuse(requestId, path);
     const QJsonObject type{{u"name"_s, u"Content-Type"_s}, {u"value"_s, contentType(path)}};
     m_session.post(u"Fetch.fulfillRequest"_s, {{u"requestId"_s, requestId},
                                                {u"responseCode"_s, 200},
@@ -92,9 +98,9 @@ void LocalFiles::fulfil(const QString& requestId, const QString& path)
                                                {u"body"_s, QString::fromLatin1(file.readAll().toBase64())}});
 }
 
-void LocalFiles::refuse(const QString& requestId)
+void LocalFiles::refuse(const QString& requestId, const QString& path)
 {
-    qCInfo(logPage) << "a local file was not handed over, request" << requestId;
+    qCInfo(logPage).noquote() << "a local file was not handed over:" << path;
     m_session.post(u"Fetch.failRequest"_s,
                    {{u"requestId"_s, requestId}, {u"errorReason"_s, u"AccessDenied"_s}});
 }

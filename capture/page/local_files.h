@@ -7,9 +7,9 @@
 namespace vistrel
 {
 
-/// Hands a page the local files that the browser's account cannot read itself. Only needed while the browser
-/// runs under another account than ours; only for pages that are local themselves, since the browser lets no
-/// other page ask for local files.
+/// Stands between a local page and the local files that it asks for. It hands over those that the browser's
+/// account cannot read itself, and refuses those outside a confinement. Needed only where there is one of the
+/// two, and only for pages that are local themselves: the browser lets no other page ask for local files.
 class LocalFiles : public QObject
 {
     Q_OBJECT
@@ -21,16 +21,19 @@ public:
     /// browser opens from disk alone, a copy that its account can read.
     static Result<QUrl> reachable(Browser& browser, const QUrl& address);
 
-    /// Serves session's page from now on; session must outlive this object.
-    LocalFiles(Session& session, Account account);
+    /// Serves session's page from now on; session must outlive this object. account: the browser's, none when
+    /// it is ours. confinement: the only folder whose files the page may see; empty for no such limit.
+    LocalFiles(Session& session, std::optional<Account> account, const QString& confinement);
 
 private:
     void answer(const QJsonObject& params);
+    [[nodiscard]] bool isConfined(const QString& path) const;
     void fulfil(const QString& requestId, const QString& path);
-    void refuse(const QString& requestId);
+    void refuse(const QString& requestId, const QString& path);
 
     Session& m_session;
-    Account m_account;
+    std::optional<Account> m_account;
+    QString m_confinement; // Canonical, with a final separator; empty when there is none.
 };
 
 } // namespace vistrel

@@ -22,6 +22,8 @@ struct PageRequest {
         0};                    ///< Wait between the page being ready and its picture; within timeout.
     bool allowScript = true;   ///< Whether the page's own scripts run.
     QSize viewport{1280, 800}; ///< CSS px. The picture is the whole page, at least this size.
+    /// For a local page: the folder outside of which it sees no file; empty: it sees what a browser shows it.
+    QString confinement;
     /// How the browser hands the pixels over: Png is lossless, Jpeg is for those who want nothing else.
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80; ///< 1 to 100; only for Encoding::Jpeg.

@@ -1,8 +1,8 @@
 #include "capture/page/page_run.h"
 
 #include "capture/page/local_files.h"
-#include "capture/page/page_scripts.h"
 #include "capture/page/screenshot.h"
+#include "capture/page/settling.h"
 #include "platform/log.h"
 
 #include <QDeadlineTimer>
@@ -28,6 +28,10 @@ constexpr int kWaited = 85;
 constexpr int kDone = 100;
 
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
+constexpr Session::Limit kQuietLimit =
+    std::chrono::seconds(3);      // Long polls never end, and none waits for them.
+constexpr int kMostDocuments = 4; // That a page may lead through by itself.
+constexpr int kMostShots = 2;     // Of a page that changes its address while it is drawn.
 
 Error cancelled() { return {Error::Kind::Cancelled, u"the capture was stopped"_s, {}}; }
 
@@ -105,33 +109,47 @@ Task<Result<void>> PageRun::prepare()
         if (m_watch->isParsed()) report(kParsed);
         if (m_watch->isLoaded()) report(kLoaded);
     });
-    const bool local = m_request.addresses.first().isLocalFile();
-    if (local && m_browser->account())
-        m_files = std::make_unique<LocalFiles>(*m_session, *m_browser->account());
+    guardLocalFiles();
     m_session->post(u"Page.enable"_s);
     m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
     m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
     m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
     if (!m_request.allowScript)
         m_session->post(u"Emulation.setScriptExecutionDisabled"_s, {{u"value"_s, true}});
-    const QJsonObject metrics{{u"width"_s, m_request.viewport.width()},
-                              {u"height"_s, m_request.viewport.height()},
-                              {u"deviceScaleFactor"_s, 1},
-                              {u"mobile"_s, false}};
-    const auto sized = co_await m_session->call(u"Emulation.setDeviceMetricsOverride"_s, metrics);
+    const auto sized = co_await resize(m_request.viewport);
     if (!sized) co_return sized.error().during(u"preparing the page"_s);
     co_return Result<void>();
+}
+
+void PageRun::guardLocalFiles()
+{
+    const bool local = m_request.addresses.first().isLocalFile();
+    if (local && (m_browser->account() || !m_request.confinement.isEmpty()))
+        m_files = std::make_unique<LocalFiles>(*m_session, m_browser->account(), m_request.confinement);
+}
+
+Completion<Reply> PageRun::resize(QSize viewport)
+{
+    return m_session->call(u"Emulation.setDeviceMetricsOverride"_s, {{u"width"_s, viewport.width()},
+                                                                     {u"height"_s, viewport.height()},
+                                                                     {u"deviceScaleFactor"_s, 1},
+                                                                     {u"mobile"_s, false}});
 }
 
 Task<Result<void>> PageRun::load()
 {
     const auto navigated = co_await navigateToFirstReachable();
     if (!navigated) co_return navigated.error().during(u"loading the page"_s);
+    co_return co_await waitForDocument();
+}
+
+Task<Result<void>> PageRun::waitForDocument()
+{
     const auto parsed =
         co_await m_session->until([this] { return m_watch->isParsed(); }, m_request.timeout, u"the markup"_s);
     if (!parsed) co_return parsed.error().during(u"loading the page"_s);
-    const auto loaded =
-        co_await m_session->until([this] { return m_watch->isLoaded(); }, loadLimit(), u"loading"_s);
+    const auto loaded = co_await m_session->until(
+        [this] { return m_watch->isLoaded() && !m_watch->isLeaving(); }, loadLimit(), u"loading"_s);
     if (!m_session->isOpen()) co_return loaded.error().during(u"loading the page"_s);
     if (!loaded) {
         warn(u"the page never finished loading"_s);
@@ -176,34 +194,62 @@ Result<void> PageRun::checkDocument() const
 
 Task<Result<void>> PageRun::becomeReady()
 {
-    const auto settled = co_await pageScripts::settle(m_session, m_watch->mainFrame());
-    if (!m_session->isOpen()) co_return settled.error().during(u"waiting for the page"_s);
-    if (!settled) warn(u"the page did not come to rest: "_s + settled.error().message);
+    const auto settled = co_await settle();
+    if (!settled) co_return settled.error().during(u"waiting for the page"_s);
     report(kSettled);
     if (m_request.delay.count() > 0) {
         const auto waited = co_await m_session->pause(m_request.delay);
         if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
     }
     report(kWaited);
-    const auto frozen = co_await pageScripts::freeze(m_session, m_watch->mainFrame());
+    const auto frozen = co_await freezePage(m_session, m_watch->mainFrame());
     if (!m_session->isOpen()) co_return frozen.error().during(u"stopping animations"_s);
+    co_return Result<void>();
+}
+
+Task<Result<void>> PageRun::settle()
+{
+    for (int documents = 0; documents < kMostDocuments; ++documents) {
+        const QString document = m_watch->loaderId();
+        const auto growth = co_await settlePage(m_session, m_watch->mainFrame());
+        if (!m_session->isOpen()) co_return growth.error();
+        co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
+                                  u"the page's requests"_s);
+        if (growth && *growth > 0) co_await resize(m_request.viewport + QSize(0, *growth));
+        if (m_watch->loaderId() == document && !m_watch->isLeaving()) {
+            if (!growth) warn(u"the page did not come to rest: "_s + growth.error().message);
+            co_return Result<void>();
+        }
+        const auto loaded = co_await waitForDocument();
+        if (!loaded) co_return loaded.error();
+    }
+    warn(u"the page kept changing its address"_s);
     co_return Result<void>();
 }
 
 Task<Result<PagePicture>> PageRun::shoot()
 {
-    const auto ready = co_await becomeReady();
-    if (!ready) co_return ready.error();
-    const auto area = co_await measurePage(m_session, m_request.viewport);
+    for (int tries = 1;; ++tries) {
+        const auto ready = co_await becomeReady();
+        if (!ready) co_return ready.error();
+        const QString document = m_watch->loaderId();
+        auto picture = co_await shootOnce();
+        const auto stillThere = checkDocument();
+        if (!stillThere) co_return stillThere.error();
+        if (document == m_watch->loaderId() || tries == kMostShots) co_return picture;
+        const auto loaded = co_await waitForDocument();
+        if (!loaded) co_return loaded.error();
+    }
+}
+
+Task<Result<PagePicture>> PageRun::shootOnce()
+{
+    const auto area = co_await measurePage(m_session, m_request.viewport, m_browser->longestSide());
     if (!area) co_return area.error();
-    auto picture = co_await takePicture(m_session, *area, m_request.encoding, m_request.jpegQuality,
-                                        [this, height = area->height()](int rows) {
-                                            report(kWaited + (kDone - 1 - kWaited) * rows / height);
-                                        });
-    if (!picture) co_return picture.error();
-    const auto stillThere = checkDocument();
-    if (!stillThere) co_return stillThere.error();
-    co_return picture;
+    const ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide()};
+    co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {
+        report(kWaited + (kDone - 1 - kWaited) * rows / height);
+    });
 }
 
 void PageRun::cancel()

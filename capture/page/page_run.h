@@ -39,11 +39,16 @@ private:
     Task<Result<PageShot>> runOpened();
     Task<Result<void>> open();
     Task<Result<void>> prepare();
+    void guardLocalFiles();
+    Completion<Reply> resize(QSize viewport);
     Task<Result<void>> load();
     Task<Result<void>> navigateToFirstReachable();
     Task<Result<void>> navigate(QUrl address);
+    Task<Result<void>> waitForDocument();
     Task<Result<void>> becomeReady();
+    Task<Result<void>> settle();
     Task<Result<PagePicture>> shoot();
+    Task<Result<PagePicture>> shootOnce();
     void runOut();
     Result<void> checkDocument() const;
     void report(int percent);

@@ -27,6 +27,14 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
         {u"Page.javascriptDialogOpening"_s, [](PageWatch& w, const QJsonObject& p) { w.answerDialog(p); }},
         {u"Page.frameNavigated"_s,
          [](PageWatch& w, const QJsonObject& p) { w.followNavigation(p[u"frame"].toObject()); }},
+        {u"Page.frameRequestedNavigation"_s,
+         [](PageWatch& w, const QJsonObject& p) {
+             w.m_leaving |= p[u"frameId"].toString() == w.m_mainFrame;
+         }},
+        {u"Page.frameStoppedLoading"_s,
+         [](PageWatch& w, const QJsonObject& p) {
+             w.m_leaving &= p[u"frameId"].toString() != w.m_mainFrame;
+         }},
         {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
         {u"Network.requestWillBeSent"_s,
          [](PageWatch& w, const QJsonObject& p) { w.m_requests.insert(p[u"requestId"].toString()); }},
@@ -64,6 +72,7 @@ void PageWatch::followNavigation(const QJsonObject& frame)
     m_loaderId = frame[u"loaderId"].toString();
     m_address = QUrl(frame[u"url"].toString());
     m_errorPage = m_address.scheme() == u"chrome-error" || frame.contains(u"unreachableUrl");
+    m_leaving = false;
     m_parsed = false;
     m_loaded = false;
     if (++m_navigations > kMostNavigations)

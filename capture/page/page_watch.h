@@ -32,6 +32,8 @@ public:
     [[nodiscard]] bool isParsed() const { return m_parsed; }
     /// The document and all that it asked for at first is there (load).
     [[nodiscard]] bool isLoaded() const { return m_loaded; }
+    /// The page has asked to go elsewhere and is not there yet.
+    [[nodiscard]] bool isLeaving() const { return m_leaving; }
     /// No request of the page is under way.
     [[nodiscard]] bool isQuiet() const { return m_requests.isEmpty(); }
     /// The browser shows an error page of its own in place of the document.
@@ -65,6 +67,7 @@ private:
     int m_navigations = 0;
     bool m_parsed = false;
     bool m_loaded = false;
+    bool m_leaving = false;
     bool m_errorPage = false;
 };
 

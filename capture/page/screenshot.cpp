@@ -17,7 +17,12 @@ Session::Limit drawingLimit(QSize size)
     return std::chrono::seconds(15 + qint64(size.width()) * size.height() / 1000000);
 }
 
-QJsonObject stripParams(QRect strip, PagePicture::Encoding encoding, int quality)
+int stripRows(QRect area, const ShotSettings& settings)
+{
+    return int(std::clamp(kMostStripPixels / area.width(), qint64(1), qint64(settings.longestSide)));
+}
+
+QJsonObject stripParams(QRect strip, const ShotSettings& settings)
 {
     const QJsonObject clip{{u"x"_s, strip.x()},
                            {u"y"_s, strip.y()},
@@ -25,9 +30,9 @@ QJsonObject stripParams(QRect strip, PagePicture::Encoding encoding, int quality
                            {u"height"_s, strip.height()},
                            {u"scale"_s, 1}};
     QJsonObject params{{u"captureBeyondViewport"_s, true}, {u"clip"_s, clip}};
-    if (encoding == PagePicture::Encoding::Jpeg) {
+    if (settings.encoding == PagePicture::Encoding::Jpeg) {
         params.insert(u"format"_s, u"jpeg"_s);
-        params.insert(u"quality"_s, quality);
+        params.insert(u"quality"_s, settings.jpegQuality);
     } else {
         params.insert(u"format"_s, u"png"_s);
         params.insert(u"optimizeForSpeed"_s, true);
@@ -35,35 +40,38 @@ QJsonObject stripParams(QRect strip, PagePicture::Encoding encoding, int quality
     return params;
 }
 
+/// The least whole pixels that cover the content.
+QRect contentArea(const QJsonObject& content, QSize viewport)
+{
+    const int left = int(std::floor(content[u"x"].toDouble()));
+    const int top = int(std::floor(content[u"y"].toDouble()));
+    return {left, top, std::max(viewport.width(), int(std::ceil(content[u"width"].toDouble()))),
+            std::max(viewport.height(), int(std::ceil(content[u"height"].toDouble())))};
+}
+
 } // namespace
 
-Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport)
+Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide)
 {
     const auto metrics = co_await session->call(u"Page.getLayoutMetrics"_s);
     if (!metrics) co_return metrics.error().during(u"measuring the page"_s);
-    const QJsonObject content = metrics->result.value(u"cssContentSize"_s).toObject();
-    const QRect area(int(std::floor(content[u"x"].toDouble())), int(std::floor(content[u"y"].toDouble())),
-                     std::max(viewport.width(), int(std::ceil(content[u"width"].toDouble()))),
-                     std::max(viewport.height(), int(std::ceil(content[u"height"].toDouble()))));
-    if (qint64(area.width()) * area.height() > kMostPixels)
-        co_return Error{Error::Kind::TooLarge,
-                        u"the page is %1 x %2 px, over the cap of %3 million pixels"_s.arg(area.width())
-                            .arg(area.height())
-                            .arg(kMostPixels / 1000000),
-                        {}};
-    co_return area;
+    const QRect area = contentArea(metrics->result.value(u"cssContentSize"_s).toObject(), viewport);
+    if (area.width() <= longestSide && qint64(area.width()) * area.height() <= kMostPixels) co_return area;
+    const QString words = u"the page is %1 x %2 px, over the cap of %3 px in width or %4 million pixels"_s;
+    co_return Error{Error::Kind::TooLarge,
+                    words.arg(area.width()).arg(area.height()).arg(longestSide).arg(kMostPixels / 1000000),
+                    {}};
 }
 
-Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area,
-                                      PagePicture::Encoding encoding, int quality,
+Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area, ShotSettings settings,
                                       std::function<void(int rows)> progress)
 {
-    PagePicture picture(encoding);
-    for (int row = 0; row < area.height(); row += kMostStripRows) {
-        const QRect strip(area.x(), area.y() + row, area.width(),
-                          std::min(kMostStripRows, area.height() - row));
-        auto reply = co_await session->call(
-            u"Page.captureScreenshot"_s, stripParams(strip, encoding, quality), drawingLimit(strip.size()));
+    PagePicture picture(settings.encoding);
+    const int rows = stripRows(area, settings);
+    for (int row = 0; row < area.height(); row += rows) {
+        const QRect strip(area.x(), area.y() + row, area.width(), std::min(rows, area.height() - row));
+        auto reply = co_await session->call(u"Page.captureScreenshot"_s, stripParams(strip, settings),
+                                            drawingLimit(strip.size()));
         if (!reply) co_return reply.error().during(u"taking the picture"_s);
         const auto added = picture.addStrip(std::move(reply->data), strip.size());
         if (!added) co_return added.error().during(u"taking the picture"_s);

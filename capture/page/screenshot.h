@@ -11,18 +11,24 @@
 namespace vistrel
 {
 
-/// Pixels are taken in strips of at most this many rows: beyond it browsers have handed out repeated rows.
-constexpr int kMostStripRows = 16384;
+/// A strip has at most this many pixels: what the browser needs while it draws does not grow with the page.
+constexpr qint64 kMostStripPixels = 24LL * 1000 * 1000;
 /// Beyond this a picture is refused rather than cut: 1280 px wide, it is 200,000 px tall.
 constexpr qint64 kMostPixels = 256LL * 1000 * 1000;
 
 /// The whole page's rectangle in CSS px: its content and at least the viewport. Error::Kind::TooLarge past
-/// kMostPixels.
-Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport);
+/// kMostPixels or wider than longestSide.
+Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide);
+
+/// How a picture is taken.
+struct ShotSettings {
+    PagePicture::Encoding encoding = PagePicture::Encoding::Png;
+    int jpegQuality = 80;
+    int longestSide = 16384; ///< Pixels that the browser draws right in one piece.
+};
 
 /// Takes area, strip by strip from the top. progress is called after each strip with the rows done so far.
-Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area,
-                                      PagePicture::Encoding encoding, int quality,
+Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area, ShotSettings settings,
                                       std::function<void(int rows)> progress);
 
 } // namespace vistrel

@@ -37,7 +37,7 @@ const std::array<SettingsProgram, 6>& networkSettings()
 }
 
 /// True when the desktop knows a program for files like this one. Opening would not tell: it hands the file
-/// to a helper that always starts.
+/// to a script that always starts.
 bool hasProgramFor(const QString& path)
 {
     constexpr int limitMs = 3000;

@@ -14,36 +14,33 @@ using vistrel::test::PlainUser;
 namespace
 {
 
+constexpr QFile::Permissions open = QFile::Permission(0x7777);
+constexpr QFile::Permissions readOnly = QFile::Permission(0x5555);
+
 class ProfileFilesTest : public testing::Test
 {
 protected:
     ProfileFilesTest()
     {
-        QDir().mkpath(program());
-        QDir().mkpath(user());
-        QFile::setPermissions(m_folder.path({}), readable);
-        QFile::setPermissions(user(), readable | QFile::WriteGroup | QFile::WriteOther);
+        for (const QString& folder :
+             {m_folder.path({}), m_folder.path(u"program"_s), m_folder.path(u"user"_s)}) {
+            QDir().mkpath(folder);
+            QFile::setPermissions(folder, open);
+        }
     }
-    ~ProfileFilesTest() override { QFile::setPermissions(program(), readable); }
+    ~ProfileFilesTest() override { QFile::setPermissions(m_folder.path(u"program"_s), open); }
 
-    [[nodiscard]] QString program() const { return m_folder.path(u"program"_s); }
-    [[nodiscard]] QString user() const { return m_folder.path(u"user"_s); }
-    [[nodiscard]] QString config() const { return program() + u"/Config.Ini"_s; }
-    [[nodiscard]] QString key() const { return m_files.read(config()).value(u"Main", u"Key"); }
-    void closeProgramFolder() const
+    Result<void> write(const QString& name, const QString& value)
     {
-        QFile::setPermissions(program(), QFile::Permissions(readable) & ~QFile::WriteOwner);
+        return m_files.write(m_folder.path(name), u"Main"_s, {{u"Key"_s, value}});
     }
-
-    Result<void> write(const QString& value)
+    [[nodiscard]] QString key() const
     {
-        return m_files.write(config(), u"Main"_s, {{u"Key"_s, value}});
+        return m_files.read(m_folder.path(u"program/Config.Ini"_s)).value(u"Main", u"Key");
     }
 
-    static constexpr QFile::Permissions readable =
-        QFile::Permission(0x7755); // rwx for the owner, r-x for others
     test::TempFolder m_folder;
-    ProfileFiles m_files{program(), user() + u"/vistrel"_s, CodePage("UTF-8")};
+    ProfileFiles m_files{m_folder.path(u"program"_s), m_folder.path(u"user/vistrel"_s), CodePage("UTF-8")};
 };
 
 } // namespace
@@ -51,58 +48,52 @@ protected:
 TEST_F(ProfileFilesTest, AMissingFileReadsAsEmptyAndIsCreatedByAWrite)
 {
     EXPECT_EQ(key(), QString());
-    ASSERT_TRUE(write(u"1"_s));
+    ASSERT_TRUE(write(u"program/Config.Ini"_s, u"1"_s));
     EXPECT_EQ(m_folder.read(u"program/Config.Ini"_s), "[Main]\r\nKey=1\r\n");
-    EXPECT_EQ(QDir(program()).entryList(QDir::Files).size(), 1) << "no temporary file is left";
+    EXPECT_EQ(QDir(m_folder.path(u"program"_s)).entryList(QDir::Files).size(), 1)
+        << "no temporary file is left";
+    EXPECT_FALSE(write(u"none/Config.Ini"_s, u"1"_s)) << "folders are not created";
 }
 
 TEST_F(ProfileFilesTest, AFailedWriteLeavesTheOldFile)
 {
-    const QString path = m_folder.write(u"Other.Ini"_s, "[Main]\nKey=0\n");
-    Result<void> written;
+    const QString path = m_folder.write(u"user/Other.Ini"_s, "[Main]\nKey=0\n");
+    QFile::setPermissions(m_folder.path(u"user"_s), readOnly);
     {
-        QFile::setPermissions(m_folder.path({}), readable & ~QFile::Permissions(QFile::WriteOwner));
         const PlainUser plain;
-        written = m_files.write(path, u"Main"_s, {{u"Key"_s, u"1"_s}});
+        const auto written = write(u"user/Other.Ini"_s, u"1"_s);
+        ASSERT_FALSE(written);
+        EXPECT_EQ(written.error().kind, Error::Kind::Io);
+        EXPECT_TRUE(written.error().message.startsWith(path + u": "_s));
     }
-    QFile::setPermissions(m_folder.path({}), readable);
-    ASSERT_FALSE(written);
-    EXPECT_EQ(written.error().kind, Error::Kind::Io);
-    EXPECT_TRUE(written.error().message.startsWith(path + u": "_s));
-    EXPECT_EQ(m_folder.read(u"Other.Ini"_s), "[Main]\nKey=0\n");
+    EXPECT_EQ(m_folder.read(u"user/Other.Ini"_s), "[Main]\nKey=0\n");
+    QFile::setPermissions(m_folder.path(u"user"_s), open);
 }
 
 TEST_F(ProfileFilesTest, AFileThatCannotBeReadIsNotReplaced)
 {
-    const QString path = m_folder.write(u"user/secret"_s, "[Main]\nOther=1\n");
-    QFile::setPermissions(path, {});
+    QFile::setPermissions(m_folder.write(u"user/secret"_s, "[Main]\nOther=1\n"), {});
     {
         const PlainUser plain;
-        EXPECT_FALSE(m_files.write(path, u"Main"_s, {{u"Key"_s, u"1"_s}}));
+        EXPECT_FALSE(write(u"user/secret"_s, u"1"_s));
     }
-    QFile::setPermissions(path, QFile::ReadOwner);
+    QFile::setPermissions(m_folder.path(u"user/secret"_s), QFile::ReadOwner);
     EXPECT_EQ(m_folder.read(u"user/secret"_s), "[Main]\nOther=1\n");
 }
 
-TEST_F(ProfileFilesTest, AClosedProgramFolderIsReadUntilTheUserHasACopy)
+TEST_F(ProfileFilesTest, FilesOfAClosedProgramFolderAreWrittenToTheUsersCopy)
 {
-    ASSERT_TRUE(write(u"installed"_s));
-    closeProgramFolder();
+    ASSERT_TRUE(write(u"program/Config.Ini"_s, u"installed"_s));
+    QFile::setPermissions(m_folder.path(u"program"_s), readOnly);
     const PlainUser plain;
-    EXPECT_EQ(key(), u"installed"_s);
-    ASSERT_TRUE(write(u"mine"_s));
+    EXPECT_EQ(key(), u"installed"_s) << "until there is a copy";
+    ASSERT_TRUE(write(u"program/Config.Ini"_s, u"mine"_s));
     EXPECT_EQ(key(), u"mine"_s);
     EXPECT_EQ(m_folder.read(u"program/Config.Ini"_s), "[Main]\r\nKey=installed\r\n");
     EXPECT_EQ(m_folder.read(u"user/vistrel/Config.Ini"_s), "[Main]\r\nKey=mine\r\n");
-}
 
-TEST_F(ProfileFilesTest, OnlyFilesOfAClosedProgramFolderAreRedirected)
-{
-    const QString elsewhere = user() + u"/Config.Ini"_s;
-    closeProgramFolder();
-    const PlainUser plain;
-    ASSERT_TRUE(m_files.write(elsewhere, u"Main"_s, {{u"Key"_s, u"1"_s}}));
-    EXPECT_EQ(m_folder.read(u"user/Config.Ini"_s), "[Main]\r\nKey=1\r\n");
+    ASSERT_TRUE(write(u"user/Config.Ini"_s, u"elsewhere"_s));
+    EXPECT_EQ(m_folder.read(u"user/Config.Ini"_s), "[Main]\r\nKey=elsewhere\r\n");
 }
 
 TEST_F(ProfileFilesTest, AShortcutHoldsItsAddress)
@@ -110,7 +101,7 @@ TEST_F(ProfileFilesTest, AShortcutHoldsItsAddress)
     const QString path = m_folder.write(u"a.url"_s, "[InternetShortcut]\r\nURL=https://example.com/?a=b\r\n");
     EXPECT_EQ(ReadShortcutUrl(path + QChar(u'\0') + u"b"_s, m_files), u"https://example.com/?a=b"_s);
     EXPECT_EQ(ReadShortcutUrl(m_folder.path(u"none.url"_s), m_files), QString());
-    EXPECT_EQ(ReadShortcutUrl(program(), m_files), QString());
+    EXPECT_EQ(ReadShortcutUrl(m_folder.path({}), m_files), QString());
 }
 
 TEST(Text, CutsAtTheFirstNulAndTrimsOnlyBlanks)

@@ -3,47 +3,30 @@
 #include "tests/support/with_dialog.h"
 
 #include <QMessageBox>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 using namespace vistrel;
 using vistrel::test::withDialog;
 
-namespace
-{
-
-/// What a box looked like while it was shown. Enter closes it.
-struct Seen {
-    QString title, text;
-    QMessageBox::Icon icon;
-    QMessageBox::StandardButtons buttons;
-};
-
-Seen see(const std::function<void()>& show)
-{
-    Seen seen;
-    withDialog<QMessageBox>(show, [&](QMessageBox& box) {
-        seen = {box.windowTitle(), box.text(), box.icon(), box.standardButtons()};
-        test::press(box, Qt::Key_Return);
-    });
-    return seen;
-}
-
-} // namespace
-
-TEST(DesktopMessageBoxes, ShowTheirIconAndTheProgramsTitle)
+TEST(DesktopMessageBoxes, ShowPlainTextUnderTheirTitleAndIcon)
 {
     DesktopMessageBoxes boxes;
-    const Seen information = see([&] { boxes.information(nullptr, u"<b>Done!</b>\r\n   "_s); });
-    EXPECT_EQ(information.title, u"Vistrel"_s);
-    EXPECT_EQ(information.text, u"<b>Done!</b>\n   "_s);
-    EXPECT_EQ(information.icon, QMessageBox::Information);
-    EXPECT_EQ(information.buttons, QMessageBox::Ok);
-
-    EXPECT_EQ(see([&] { boxes.critical(nullptr, u"Invalid file!"_s); }).icon, QMessageBox::Critical);
-    const Seen exclamation = see([&] { boxes.exclamation(nullptr, u"Overflow"_s, u"GradientRect"_s); });
-    EXPECT_EQ(exclamation.icon, QMessageBox::Warning);
-    EXPECT_EQ(exclamation.title, u"GradientRect"_s);
+    const auto expectBox = [](const QString& title, const QString& text, QMessageBox::Icon icon) {
+        return [=](QMessageBox& box) {
+            EXPECT_EQ(box.windowTitle(), title);
+            EXPECT_EQ(box.text(), text);
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+            test::press(box, Qt::Key_Return);
+        };
+    };
+    withDialog<QMessageBox>([&] { boxes.information(nullptr, u"Done!\r\n   "_s); },
+                            expectBox(u"Vistrel"_s, u"Done!\n   "_s, QMessageBox::Information));
+    withDialog<QMessageBox>([&] { boxes.critical(nullptr, u"Invalid file!"_s); },
+                            expectBox(u"Vistrel"_s, u"Invalid file!"_s, QMessageBox::Critical));
+    withDialog<QMessageBox>([&] { boxes.exclamation(nullptr, u"Overflow"_s, u"GradientRect"_s); },
+                            expectBox(u"GradientRect"_s, u"Overflow"_s, QMessageBox::Warning));
 }
 
 TEST(DesktopMessageBoxes, EnterAnswersWithTheDefaultAndEscapeWithNo)

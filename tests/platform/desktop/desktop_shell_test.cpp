@@ -1,41 +1,17 @@
 #include "platform/desktop/desktop_shell.h"
 
+#include "tests/platform/desktop/opened_url.h"
 #include "tests/support/temp_folder.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using namespace vistrel;
 
 namespace
 {
-
-/// Stands in for the desktop: keeps the address that it is to open.
-class OpenedUrl : public QObject
-{
-    Q_OBJECT
-
-public:
-    OpenedUrl()
-    {
-        for (const QString& scheme : {u"file"_s, u"https"_s})
-            QDesktopServices::setUrlHandler(scheme, this, "take");
-    }
-    ~OpenedUrl() override
-    {
-        for (const QString& scheme : {u"file"_s, u"https"_s})
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    Q_DISABLE_COPY_MOVE(OpenedUrl)
-
-    Q_INVOKABLE void take(const QUrl& url) { opened = url; }
-
-    QUrl opened;
-};
 
 class DesktopShellTest : public testing::Test
 {
@@ -47,12 +23,12 @@ protected:
     void install(const QString& name, const QByteArray& script) const
     {
         const QString path = m_folder.write(name, "#!/bin/sh\n" + script);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QFile::setPermissions(path, QFile::Permission(0x7700));
     }
 
     [[nodiscard]] QUrl open(const QString& target)
     {
-        OpenedUrl desktop;
+        test::OpenedUrl desktop;
         m_shell.open(nullptr, target);
         return desktop.opened;
     }
@@ -110,5 +86,3 @@ TEST_F(DesktopShellTest, InternetOptionsStartsTheFirstSettingsProgramThatExists)
         QThread::msleep(10);
     EXPECT_EQ(m_folder.read(u"started"_s), QFile::encodeName(m_folder.path(u"kcmshell5"_s)) + " proxy\n");
 }
-
-#include "desktop_shell_test.moc"
