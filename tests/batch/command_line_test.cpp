@@ -90,8 +90,8 @@ TEST(CommandLine, TheWizardsSettingsAreDefaultsThatOptionsOverrule)
     QFile file(folder.filePath(u"Config.Ini"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[Main]\r\nOutputFolder=/pictures/\r\nImageType=4\r\nNameAs=1\r\nOverwrite=1\r\nTimeOut=44\r\n"
-               "DelayTime=3\r\nJpgQuality=20\r\nThumbnail=T\r\nThumWidth=70\r\nThumHeight=80\r\n"
-               "EnableScript=F\r\n");
+               "DelayTime=3\r\nJpgQuality=20\r\nThumbnail=a\r\nThumWidth=70\r\nThumHeight=80\r\n"
+               "EnableScript=b\r\n");
     file.close();
     const QStringList common{u"a.txt"_s, u"--config"_s, file.fileName()};
     const Plan plan = planOf(common);
@@ -101,6 +101,7 @@ TEST(CommandLine, TheWizardsSettingsAreDefaultsThatOptionsOverrule)
     EXPECT_TRUE(plan.overwrite);
     EXPECT_EQ(plan.page.timeout, std::chrono::seconds(44));
     EXPECT_EQ(plan.thumbnail, QSize(70, 80));
+    EXPECT_FALSE(plan.page.allowScript);
     const Plan overruled = planOf(common + QStringList{u"-f"_s, u"gif"_s, u"--no-overwrite"_s});
     EXPECT_EQ(overruled.format, ImageFormat::Gif);
     EXPECT_FALSE(overruled.overwrite);
