@@ -1,0 +1,113 @@
+#include "batch/command_line.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+Plan planOf(const QStringList& arguments)
+{
+    auto parsed = parseCommandLine(arguments);
+    if (const auto* answer = std::get_if<Answer>(&parsed)) ADD_FAILURE() << answer->text.toStdString();
+    return std::holds_alternative<Plan>(parsed) ? std::get<Plan>(parsed) : Plan();
+}
+
+ExitCode refusal(const QStringList& arguments)
+{
+    const auto parsed = parseCommandLine(arguments);
+    return std::holds_alternative<Answer>(parsed) ? std::get<Answer>(parsed).exitCode : ExitCode::Converted;
+}
+
+TEST(CommandLine, EveryOptionReachesThePlan)
+{
+    const Plan plan = planOf(
+        {u"a.txt"_s,        u"-"_s,        u"--url"_s,       u"http://x/"_s,   u"--url"_s,     u"y.example"_s,
+         u"-o"_s,           u"out/"_s,     u"-f"_s,          u"jpeg"_s,        u"--name"_s,    u"number"_s,
+         u"-q"_s,           u"55"_s,       u"--thumbnail"_s, u"200x150"_s,     u"--delay"_s,   u"1.5"_s,
+         u"--timeout"_s,    u"12"_s,       u"--no-script"_s, u"--overwrite"_s, u"--browser"_s, u"chrome"_s,
+         u"--no-sandbox"_s, u"--report"_s, u"r.jsonl"_s,     u"--verbose"_s});
+    EXPECT_EQ(plan.lists, (QStringList{u"a.txt"_s, u"-"_s}));
+    EXPECT_EQ(plan.addresses, (QStringList{u"http://x/"_s, u"y.example"_s}));
+    EXPECT_EQ(plan.outputFolder, u"out"_s);
+    EXPECT_EQ(plan.format, ImageFormat::Jpeg);
+    EXPECT_EQ(plan.naming, Naming::Number);
+    EXPECT_EQ(plan.jpegQuality, 55);
+    EXPECT_EQ(plan.thumbnail, QSize(200, 150));
+    EXPECT_EQ(plan.page.delay, std::chrono::milliseconds(1500));
+    EXPECT_EQ(plan.page.timeout, std::chrono::seconds(12));
+    EXPECT_FALSE(plan.page.allowScript);
+    EXPECT_TRUE(plan.overwrite);
+    EXPECT_EQ(plan.browser.program, u"chrome"_s);
+    EXPECT_FALSE(plan.browser.sandbox);
+    EXPECT_EQ(plan.reportFile, u"r.jsonl"_s);
+    EXPECT_TRUE(plan.verbose);
+}
+
+TEST(CommandLine, TheBrowserDrawsJpegOnlyWhenNothingElseIsWanted)
+{
+    const Plan jpeg = planOf({u"a.txt"_s, u"-f"_s, u"jpeg"_s, u"-q"_s, u"33"_s});
+    EXPECT_EQ(jpeg.page.encoding, PagePicture::Encoding::Jpeg);
+    EXPECT_EQ(jpeg.page.jpegQuality, 33);
+    EXPECT_EQ(planOf({u"a.txt"_s, u"-f"_s, u"gif"_s}).page.encoding, PagePicture::Encoding::Png);
+}
+
+TEST(CommandLine, WhatMakesNoSenseIsRefused)
+{
+    const QList<QStringList> commands{{},
+                                      {u"a.txt"_s, u"-f"_s, u"webp"_s},
+                                      {u"a.txt"_s, u"-q"_s, u"0"_s},
+                                      {u"a.txt"_s, u"-q"_s, u"101"_s},
+                                      {u"a.txt"_s, u"--thumbnail"_s, u"200"_s},
+                                      {u"a.txt"_s, u"--thumbnail"_s, u"0x5"_s},
+                                      {u"a.txt"_s, u"--thumbnail"_s, u"20000x5"_s},
+                                      {u"a.txt"_s, u"--delay"_s, u"-1"_s},
+                                      {u"a.txt"_s, u"--timeout"_s, u"0"_s},
+                                      {u"a.txt"_s, u"--config"_s, u"/no/such/Config.Ini"_s},
+                                      {u"a.txt"_s, u"--no-such-option"_s}};
+    for (const QStringList& command : commands)
+        EXPECT_EQ(refusal(command), ExitCode::Usage) << command.join(u' ').toStdString();
+}
+
+TEST(CommandLine, HelpAndVersionAreAnswers)
+{
+    const auto help = std::get<Answer>(parseCommandLine({u"--help"_s}));
+    EXPECT_EQ(help.exitCode, ExitCode::Converted);
+    EXPECT_TRUE(help.text.contains(u"--thumbnail"_s));
+    EXPECT_TRUE(std::get<Answer>(parseCommandLine({u"--version"_s})).text.startsWith(u"vistrel-batch "_s));
+}
+
+TEST(CommandLine, TheWizardsSettingsAreDefaultsThatOptionsOverrule)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"Config.Ini"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[Main]\r\nOutputFolder=/pictures/\r\nImageType=4\r\nNameAs=1\r\nOverwrite=1\r\nTimeOut=44\r\n"
+               "DelayTime=3\r\nJpgQuality=20\r\nThumbnail=a\r\nThumWidth=70\r\nThumHeight=80\r\n"
+               "EnableScript=b\r\n");
+    file.close();
+    const QStringList common{u"a.txt"_s, u"--config"_s, file.fileName()};
+    const Plan plan = planOf(common);
+    EXPECT_EQ(plan.outputFolder, u"/pictures"_s);
+    EXPECT_EQ(plan.format, ImageFormat::Tiff);
+    EXPECT_EQ(plan.naming, Naming::Number);
+    EXPECT_TRUE(plan.overwrite);
+    EXPECT_EQ(plan.page.timeout, std::chrono::seconds(44));
+    EXPECT_EQ(plan.thumbnail, QSize(70, 80));
+    EXPECT_FALSE(plan.page.allowScript);
+    const Plan overruled = planOf(common + QStringList{u"-f"_s, u"gif"_s, u"--no-overwrite"_s});
+    EXPECT_EQ(overruled.format, ImageFormat::Gif);
+    EXPECT_FALSE(overruled.overwrite);
+    EXPECT_EQ(overruled.jpegQuality, 20);
+}
+
+} // namespace
+
+} // namespace vistrel
