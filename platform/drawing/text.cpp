@@ -1,5 +1,7 @@
 #include "platform/drawing/text.h"
 
+#include "platform/drawing/symbol_glyphs.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStringList>
@@ -14,11 +16,21 @@ namespace
 
 QStringList linesOf(const QString& text) { return QString(text).replace(u"\r\n"_s, u"\n"_s).split(u'\n'); }
 
+void paintGlyph(QPainter& painter, QPoint leftTopPx, const QPainterPath& glyph, Color color)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(leftTopPx);
+    painter.fillPath(glyph, color.toQColor());
+    painter.translate(-leftTopPx);
+}
+
 } // namespace
 
 QSize textSizePx(const QString& text, const Font& font)
 {
-    const QFontMetrics metrics(font.toQFont());
+    const QFont face = font.toQFont();
+    if (symbolGlyph(text, font, face.pixelSize())) return {face.pixelSize(), face.pixelSize()};
+    const QFontMetrics metrics(face);
     const QStringList lines = linesOf(text);
     int width = 0;
     for (const QString& line : lines)
@@ -29,6 +41,10 @@ QSize textSizePx(const QString& text, const Font& font)
 void paintText(QPainter& painter, QPoint leftTopPx, const QString& text, const Font& font, Color color)
 {
     const QFont face = font.toQFont();
+    if (const auto glyph = symbolGlyph(text, font, face.pixelSize())) {
+        paintGlyph(painter, leftTopPx, *glyph, color);
+        return;
+    }
     const QFontMetrics metrics(face);
     painter.setFont(face);
     painter.setPen(color.toQColor());

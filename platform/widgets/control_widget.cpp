@@ -1,6 +1,7 @@
 #include "platform/widgets/control_widget.h"
 
 #include "platform/drawing/rounding.h"
+#include "platform/widgets/focus_events.h"
 #include "platform/widgets/input_codes.h"
 
 #include <QCursor>
@@ -15,6 +16,8 @@ ControlWidget::ControlWidget(ScaleMode scaleMode, QWidget* parent) : QWidget(par
 {
     setMouseTracking(true);
     m_surface.resize(size(), devicePixelRatioF());
+    installControlAccessibility();
+    followFocus();
 }
 
 float ControlWidget::Width() const { return static_cast<float>(width() * twipsPerPixel); }
@@ -30,6 +33,14 @@ void ControlWidget::setSizeTwips(float width, float height)
     resize(twipsToPixels(width), twipsToPixels(height));
     fitSurface();
 }
+
+qint32 ControlWidget::hwnd() const { return static_cast<qint32>(winId()); }
+
+AccessibleFacts ControlWidget::accessibleFacts() const { return {}; }
+
+void ControlWidget::accessiblePress() {}
+
+void ControlWidget::setAccessibleNumber(int) {}
 
 Surface& ControlWidget::drawingSurface()
 {

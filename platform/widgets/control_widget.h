@@ -2,6 +2,7 @@
 
 #include "platform/drawing/property_bag.h"
 #include "platform/drawing/surface.h"
+#include "platform/widgets/accessible_control.h"
 
 #include <QWidget>
 
@@ -48,12 +49,26 @@ public:
     void setHeight(float twips);
     void setSizeTwips(float width, float height);
 
+    /// Handle of the control's own window, which is made on first use.
+    [[nodiscard]] qint32 hwnd() const;
+
+    [[nodiscard]] virtual AccessibleFacts accessibleFacts() const;
+    /// What a press by an assistive tool does; the facts say whether it can be pressed.
+    virtual void accessiblePress();
+    /// What an assistive tool's new number does, for a control whose facts have a range.
+    virtual void setAccessibleNumber(int number);
+
     /// What the control has drawn so far.
     [[nodiscard]] const Surface& surface() const { return m_surface; }
 
 Q_SIGNALS:
     /// The named property changed (the persisted name where a property has one), whoever set it.
     void propertyChanged(const QString& name);
+
+    // Focus moving within the window, see followFocus().
+    void GotFocus();
+    void Validate();
+    void LostFocus();
 
 protected:
     /// The surface to draw on; asking for it schedules a repaint of the widget.
