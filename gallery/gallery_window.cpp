@@ -16,7 +16,7 @@ namespace vistrel
 namespace
 {
 
-constexpr int columns = 4;
+constexpr int columns = 5;
 constexpr int listedEvents = 500;
 
 } // namespace
@@ -27,8 +27,10 @@ GalleryWindow::GalleryWindow() : m_events(new QPlainTextEdit)
     auto* layout = new QVBoxLayout(content);
     for (const GalleryControl& control : galleryControls())
         layout->addWidget(group(control));
+    layout->addStretch();
     auto* scroll = new QScrollArea;
     scroll->setWidget(content);
+    scroll->setWidgetResizable(true);
     setCentralWidget(scroll);
 
     m_events->setReadOnly(true);
@@ -48,6 +50,7 @@ QWidget* GalleryWindow::group(const GalleryControl& control)
     for (int at = 0; at < control.cases.size(); ++at)
         grid->addWidget(cell(control, control.cases[at]), at / columns, at % columns,
                         Qt::AlignTop | Qt::AlignLeft);
+    grid->setColumnStretch(columns, 1);
     return box;
 }
 
@@ -59,17 +62,23 @@ QWidget* GalleryWindow::cell(const GalleryControl& control, const GalleryCase& s
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(widget);
     layout->addWidget(new QLabel(shown.state));
-    if (shown.pose != nullptr) shown.pose(*widget);
+    if (shown.pose != nullptr) m_models.append({widget, shown.pose});
     watch(*widget);
     return frame;
 }
 
-// All signals of the control's own class; moves of the mouse would crowd out the rest.
+void GalleryWindow::strikePoses()
+{
+    for (const auto& [control, pose] : m_models)
+        pose(*control);
+}
+
+// All signals of the control's own class but those that come with every repaint or every move of the mouse.
 void GalleryWindow::watch(const ControlWidget& control)
 {
     const QMetaObject& meta = *control.metaObject();
     const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("noteEvent()"));
-    for (int at = QWidget::staticMetaObject.methodCount(); at < meta.methodCount(); ++at) {
+    for (int at = ControlWidget::staticMetaObject.methodCount(); at < meta.methodCount(); ++at) {
         const QMetaMethod method = meta.method(at);
         if (method.methodType() == QMetaMethod::Signal && method.name() != "MouseMove")
             connect(&control, method, this, slot);

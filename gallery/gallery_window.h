@@ -17,6 +17,9 @@ class GalleryWindow : public QMainWindow
 public:
     GalleryWindow();
 
+    /// Puts the controls into their poses; the window must be shown.
+    void strikePoses();
+
 private Q_SLOTS:
     void noteEvent();
 
@@ -25,6 +28,12 @@ private:
     QWidget* cell(const GalleryControl& control, const GalleryCase& shown);
     void watch(const ControlWidget& control);
 
+    struct Model {
+        ControlWidget* control;
+        Pose pose;
+    };
+
+    QList<Model> m_models;
     QPlainTextEdit* m_events;
 };
 

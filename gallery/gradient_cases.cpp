@@ -23,8 +23,8 @@ GalleryCase gradient(const QString& state, QSize sizePx, int angle, Color color1
 QList<GalleryCase> gradientCases()
 {
     return {
-        gradient(u"caption-strip"_s, {420, 24}, 0, blue, darkBlue),
-        gradient(u"title-strip"_s, {420, 48}, 270, blue, darkBlue),
+        gradient(u"caption-strip"_s, {160, 24}, 0, blue, darkBlue),
+        gradient(u"title-strip"_s, {160, 48}, 270, blue, darkBlue),
         gradient(u"angle-0"_s, {100, 60}, 0, red, yellow),
         gradient(u"angle-30"_s, {100, 60}, 30, red, yellow),
         gradient(u"angle-90"_s, {100, 60}, 90, red, yellow),

@@ -100,5 +100,7 @@ int main(int argc, char** argv)
     if (!options.renderFolder.empty()) return writePictures(options);
     GalleryWindow window;
     window.show();
+    QApplication::processEvents();
+    window.strikePoses();
     return QApplication::exec();
 }
