@@ -158,13 +158,15 @@ Result<QList<ControlDesign>> readDesign(const QString& text)
     return reader.controls;
 }
 
+QString designValue(const PropertyValue& value) { return std::visit(ValueText(), value); }
+
 QString writeDesign(const QList<ControlDesign>& controls)
 {
     QStringList sections;
     for (const ControlDesign& control : controls) {
         QString section = u"[%1 %2]\n"_s.arg(control.name, control.className);
         for (const auto& [key, value] : control.properties.entries())
-            section += u"%1 = %2\n"_s.arg(key, std::visit(ValueText(), value));
+            section += u"%1 = %2\n"_s.arg(key, designValue(value));
         sections += section;
     }
     return sections.join(u'\n');

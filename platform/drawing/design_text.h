@@ -30,6 +30,9 @@ struct ControlDesign {
 /// control, or a picture that is not in the resources; the message starts with "line N: ".
 Result<QList<ControlDesign>> readDesign(const QString& text);
 
+/// What stands to the right of "=" for value.
+QString designValue(const PropertyValue& value);
+
 /// The same text form; readDesign() gives the same controls back. Lines end in LF.
 QString writeDesign(const QList<ControlDesign>& controls);
 

@@ -139,7 +139,7 @@ void ControlWidget::keyReleaseEvent(QKeyEvent* event)
 {
     qint16 code = keyCode(*event);
     qint16 shift = shiftCode(event->modifiers());
-    surfaceKeyUp(code, shift);
+    if (!event->isAutoRepeat()) surfaceKeyUp(code, shift);
     QWidget::keyReleaseEvent(event);
 }
 

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QPointer>
 
+#include <utility>
+
 namespace vistrel
 {
 
@@ -25,7 +27,7 @@ public:
 
     void move(QWidget* now)
     {
-        if (now == nullptr || (m_current != nullptr && m_current->window() != now->window())) return;
+        if (now == nullptr || isElsewhere(*now)) return;
         ControlWidget* next = controlOf(now);
         if (next == m_current) return;
         const QPointer<ControlWidget> previous = std::exchange(m_current, next);
@@ -35,7 +37,12 @@ public:
     }
 
 private:
-    QPointer<ControlWidget> m_current;
+    bool isElsewhere(const QWidget& now) const
+    {
+        return m_current != nullptr && m_current->isVisible() && m_current->window() != now.window();
+    }
+
+    QPointer<ControlWidget> m_current; // Has the focus, or had it when its window became inactive.
 };
 
 } // namespace

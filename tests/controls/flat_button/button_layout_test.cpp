@@ -1,4 +1,5 @@
 #include "controls/flat_button/button_layout.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "controls/flat_button/f_button.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "controls/flat_button/f_button.h"
 #include "tests/support/pointer.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 
@@ -69,9 +70,9 @@ protected:
     void expectHover() const { expectLook(lit, light, dark); }
     void expectPressed() const { expectLook(down, dark, light); }
 
+    QStringList events;
     QWidget form;
     FButton button{&form};
-    QStringList events;
 };
 
 } // namespace

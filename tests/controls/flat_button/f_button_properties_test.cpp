@@ -1,5 +1,6 @@
 #include "controls/flat_button/f_button.h"
 #include "platform/runtime_error.h"
+#include "tests/support/printers.h"
 
 #include <QAccessible>
 

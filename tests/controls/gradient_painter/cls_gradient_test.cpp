@@ -1,4 +1,5 @@
 #include "controls/gradient_painter/cls_gradient.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "controls/gradient_painter/gradient_lines.h"
 
 #include "platform/runtime_error.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

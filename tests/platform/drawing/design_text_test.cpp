@@ -1,4 +1,5 @@
 #include "platform/drawing/design_text.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "platform/drawing/line.h"
+#include "tests/support/printers.h"
 
 #include <QList>
 

@@ -1,6 +1,7 @@
 #include "platform/drawing/property_bag.h"
 
 #include "platform/runtime_error.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 
