@@ -37,7 +37,10 @@ Picture Picture::fromResource(const QString& name)
     return picture;
 }
 
-QSize Picture::size() const { return isNull() ? QSize() : m_images.first().deviceIndependentSize().toSize(); }
+QSize Picture::size() const
+{
+    return isNull() ? QSize(0, 0) : m_images.first().deviceIndependentSize().toSize();
+}
 
 QImage Picture::imageFor(qreal devicePixelRatio) const
 {

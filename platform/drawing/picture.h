@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool isNull() const { return m_images.isEmpty(); }
     /// Name in the resources; empty for pictures made by code.
     [[nodiscard]] const QString& name() const { return m_name; }
-    /// Natural size in logical pixels; empty for no picture.
+    /// Natural size in logical pixels; 0 x 0 for no picture.
     [[nodiscard]] QSize size() const;
     /// The image to draw on a surface of that ratio: the coarsest that is fine enough, else the finest.
     [[nodiscard]] QImage imageFor(qreal devicePixelRatio) const;

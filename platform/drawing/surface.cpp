@@ -22,6 +22,8 @@ QRect between(QPoint one, QPoint other)
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
+bool isWhole(double number) { return number == std::floor(number); }
+
 } // namespace
 
 Surface::Surface(ScaleMode scaleMode) : m_scaleMode(scaleMode) {}
@@ -85,10 +87,14 @@ void Surface::fillRectangle(float x1, float y1, float x2, float y2, Color color)
 void Surface::drawPicture(const Picture& picture, float x, float y, float width, float height)
 {
     if (picture.isNull() || m_image.isNull()) return;
-    QPainter painter(&m_image);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QImage image = picture.imageFor(m_image.devicePixelRatio());
     const QRect target(toPixels(x, y), QSize(toPixels(width), toPixels(height)));
-    painter.drawImage(target, picture.imageFor(m_image.devicePixelRatio()));
+    const QSizeF device = QSizeF(target.size()) * m_image.devicePixelRatio();
+    const bool isWholeScale =
+        isWhole(device.width() / image.width()) && isWhole(device.height() / image.height());
+    QPainter painter(&m_image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !isWholeScale);
+    painter.drawImage(target, image);
 }
 
 void Surface::drawEdge(const QRect& rectPx, quint32 borders)

@@ -126,6 +126,18 @@ TEST(Surface, picturesTakeTheirPlaceAndSize)
     EXPECT_EQ(picture(surface), (Rows{"....", ".#.."}));
 }
 
+TEST(Surface, picturesAtAWholeMultipleKeepHardEdges)
+{
+    QImage halves(2, 1, QImage::Format_RGB32);
+    halves.fill(Qt::white);
+    halves.setPixelColor(1, 0, Qt::black);
+    Surface surface(ScaleMode::Pixels);
+    surface.resize({2, 1}, 3);
+    surface.drawPicture(Picture(halves), 0, 0, 2, 1);
+    for (int x = 0; x < 6; ++x)
+        EXPECT_EQ(surface.image().pixelColor(x, 1), QColor(x < 3 ? Qt::white : Qt::black)) << x;
+}
+
 TEST(Surface, edgesUseTheClassicColours)
 {
     const auto colors = [](quint32 borders) {
