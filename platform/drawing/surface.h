@@ -8,8 +8,6 @@
 #include <QRect>
 #include <QString>
 
-class QPainter;
-
 namespace vistrel
 {
 
@@ -31,8 +29,8 @@ enum EdgeBorder : quint32 {
 /// Every coordinate falls on a whole logical pixel: in twips it is divided by 15 and rounded
 /// (twipsToPixels()), in pixels rounded the same way. On a dense screen a logical pixel is a block of device
 /// pixels (the block of pixel p starts at device pixel round(p x ratio)), so lines keep their weight and stay
-/// sharp; text and pictures use the full resolution. Nothing is antialiased but text. Drawing outside the
-/// image has no effect.
+/// sharp; text and pictures use the full resolution. Nothing is antialiased but text and scaled pictures.
+/// Drawing outside the image has no effect.
 class Surface
 {
 public:
