@@ -9,7 +9,7 @@ namespace vistrel
 
 Task<Result<std::shared_ptr<Browser>>> BrowserKeeper::browser(std::chrono::milliseconds startLimit)
 {
-    if (m_browser && m_browser->isUsable()) co_return m_browser;
+    if (m_browser && m_browser->isUsable()) co_return std::shared_ptr(m_browser);
     const auto browser = m_browser = Browser::create();
     BrowserOptions options = m_options;
     options.startLimit = std::min(options.startLimit, startLimit);
@@ -20,8 +20,8 @@ Task<Result<std::shared_ptr<Browser>>> BrowserKeeper::browser(std::chrono::milli
 
 void BrowserKeeper::stop()
 {
-    if (m_browser) m_browser->kill({Error::Kind::Cancelled, u"the browser was stopped"_s, {}});
-    m_browser.reset();
+    const auto browser = std::exchange(m_browser, nullptr); // What is ended here may call stop() again.
+    if (browser) browser->kill({Error::Kind::Cancelled, u"the browser was stopped"_s, {}});
 }
 
 } // namespace vistrel

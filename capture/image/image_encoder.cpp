@@ -1,6 +1,7 @@
 #include "capture/image/image_encoder.h"
 
 #include "capture/image/bitmap_writer.h"
+#include "capture/image/gif_writer.h"
 
 #include <QHash>
 #include <QRect>
@@ -20,6 +21,7 @@ namespace vistrel
 namespace
 {
 
+constexpr qint64 kLargestGifFrame = 25LL * 1000 * 1000; // libvips refuses larger ones.
 constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
 
 /// Starts the library once per process. Its operation cache would only keep pictures alive that nobody asks
@@ -40,7 +42,7 @@ Error libraryError(const vips::VError& problem)
 
 /// Runs a step that uses the library; its exceptions end here.
 template<typename Step>
-auto guarded(Step step) -> Result<decltype(step())>
+Result<QByteArray> guarded(Step step)
 {
     prepareLibrary();
     try {
@@ -64,11 +66,12 @@ VImage decodeStrip(const QByteArray& strip, PagePicture::Encoding encoding)
 /// All strips as one image, decoded as it is read, from top to bottom.
 VImage decode(const PagePicture& picture)
 {
-    std::vector<VImage> strips;
-    for (const QByteArray& strip : picture.strips())
-        strips.push_back(decodeStrip(strip, picture.encoding()));
-    if (strips.size() == 1) return strips.front();
-    return VImage::arrayjoin(strips, VImage::option()->set("across", 1));
+    VImage image;
+    for (const QByteArray& bytes : picture.strips()) {
+        const VImage strip = decodeStrip(bytes, picture.encoding());
+        image = image.is_null() ? strip : image.join(strip, VIPS_DIRECTION_VERTICAL);
+    }
+    return image;
 }
 
 QByteArray bytesOf(VipsBlob* blob)
@@ -139,13 +142,29 @@ QByteArray encodeBitmap(const PagePicture& picture)
     return writer.take();
 }
 
-QByteArray encode(const VImage& image, ImageFormat format, int quality)
+QByteArray encodePixels(const VImage& image)
 {
-    if (format != ImageFormat::Bmp) return bytesOf(save(image, format, quality));
     const VImage pixels = image.copy_memory();
     BitmapWriter writer({pixels.width(), pixels.height()});
     writer.addRowsAbove(static_cast<const uchar*>(pixels.data()), pixels.height());
     return writer.take();
+}
+
+Result<QByteArray> encodeLargeGif(const VImage& image)
+{
+    return gifOfPalettePng(bytesOf(image.pngsave_buffer(VImage::option()
+                                                            ->set("palette", true)
+                                                            ->set("dither", 1.0)
+                                                            ->set("compression", 1)
+                                                            ->set("strip", true))));
+}
+
+Result<QByteArray> encode(const VImage& image, ImageFormat format, int quality)
+{
+    if (format == ImageFormat::Bmp) return encodePixels(image);
+    if (format == ImageFormat::Gif && qint64(image.width()) * image.height() > kLargestGifFrame)
+        return encodeLargeGif(image);
+    return bytesOf(save(image, format, quality));
 }
 
 /// The part of a picture that a thumbnail of size shows.
@@ -184,8 +203,9 @@ Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, i
     const auto fits = checkSize(picture.size(), format);
     if (!fits) return fits.error();
     if (isStripAlready(picture, format)) return picture.strips().front();
-    return guarded([&] {
-        return format == ImageFormat::Bmp ? encodeBitmap(picture) : encode(decode(picture), format, quality);
+    return guarded([&]() -> Result<QByteArray> {
+        if (format == ImageFormat::Bmp) return encodeBitmap(picture);
+        return encode(decode(picture), format, quality);
     });
 }
 

@@ -89,7 +89,9 @@ void PageWatch::followLifecycle(const QJsonObject& params)
 
 void PageWatch::followResponse(const QJsonObject& params)
 {
-    if (params[u"type"].toString() != u"Document" || params[u"frameId"].toString() != m_mainFrame) return;
+    const bool document = params[u"type"].toString() == u"Document";
+    const bool main = m_mainFrame.isEmpty() || params[u"frameId"].toString() == m_mainFrame;
+    if (!document || !main) return;
     const QJsonObject response = params[u"response"].toObject();
     if (response[u"url"].toString().startsWith(u"http")) m_httpStatus = response[u"status"].toInt();
 }
@@ -101,6 +103,11 @@ void PageWatch::countBytes(const QJsonObject& params)
         giveUp(Error::Kind::TooLarge, u"the page fetches over %1 MiB"_s.arg(kMostBytes / (1024 * 1024)));
 }
 
-void PageWatch::giveUp(Error::Kind kind, const QString& why) { m_session.end({kind, why, {}}); }
+void PageWatch::giveUp(Error::Kind kind, const QString& why)
+{
+    // Later, since the flow that ends with the session drops this object.
+    const auto end = [&session = m_session, error = Error{kind, why, {}}] { session.end(error); };
+    QMetaObject::invokeMethod(&m_session, end, Qt::QueuedConnection);
+}
 
 } // namespace vistrel

@@ -1,0 +1,173 @@
+#include "capture/image/image_encoder.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QTemporaryFile>
+
+#include <gtest/gtest.h>
+#include <tiffio.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel::test
+{
+namespace
+{
+
+/// A picture with gradients, text-like edges and flat parts; strips cut at the given rows.
+QImage sample(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y,
+                           y % 40 < 20 ? qRgb(x % 256, y % 256, 128) : (x / 3 % 2 ? 0xffffffff : 0xff202020));
+    return image;
+}
+
+QByteArray encoded(const QImage& image, const char* format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 95);
+    return bytes;
+}
+
+PagePicture picture(const QImage& image, const QList<int>& heights)
+{
+    PagePicture result;
+    int top = 0;
+    for (const int height : heights) {
+        const QRect part(0, top, image.width(), height);
+        EXPECT_TRUE(result.addStrip(encoded(image.copy(part), "PNG"), part.size()).ok());
+        top += height;
+    }
+    return result;
+}
+
+QImage readTiff(const QByteArray& bytes)
+{
+    QTemporaryFile file;
+    file.open();
+    file.write(bytes);
+    file.flush();
+    TIFF* tiff = TIFFOpen(file.fileName().toLocal8Bit().constData(), "r");
+    if (tiff == nullptr) return {};
+    quint32 width = 0;
+    quint32 height = 0;
+    TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &width);
+    TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &height);
+    QImage image{int(width), int(height), QImage::Format_RGBA8888};
+    TIFFReadRGBAImageOriented(tiff, width, height, reinterpret_cast<quint32*>(image.bits()),
+                              ORIENTATION_TOPLEFT);
+    TIFFClose(tiff);
+    return image.convertToFormat(QImage::Format_RGB32);
+}
+
+QImage decoded(const QByteArray& bytes, ImageFormat format)
+{
+    return format == ImageFormat::Tiff ? readTiff(bytes)
+                                       : QImage::fromData(bytes).convertToFormat(QImage::Format_RGB32);
+}
+
+/// Mean difference of the channels, 0 to 255.
+double difference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size()) return 255;
+    qint64 sum = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            sum += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q)) + qAbs(qBlue(p) - qBlue(q));
+        }
+    return double(sum) / (3.0 * a.width() * a.height());
+}
+
+TEST(ImageEncoder, OtherDecodersReadBackWhatWasDrawnFromOneStripAndFromSeveral)
+{
+    const QImage original = sample({301, 240});
+    for (const auto& heights : {QList<int>{240}, QList<int>{100, 100, 40}}) {
+        const PagePicture source = picture(original, heights);
+        for (const ImageFormat format : {ImageFormat::Png, ImageFormat::Bmp, ImageFormat::Tiff})
+            EXPECT_EQ(difference(decoded(*encodeImage(source, format, 80), format), original), 0)
+                << int(format);
+        EXPECT_LT(difference(decoded(*encodeImage(source, ImageFormat::Gif, 80), ImageFormat::Gif), original),
+                  8);
+        const QByteArray fine = *encodeImage(source, ImageFormat::Jpeg, 95);
+        const QByteArray coarse = *encodeImage(source, ImageFormat::Jpeg, 20);
+        EXPECT_LT(difference(decoded(fine, ImageFormat::Jpeg), original), 10);
+        EXPECT_LT(coarse.size(), fine.size() / 2);
+    }
+}
+
+TEST(ImageEncoder, GifsKeepFlatColoursAndDitherGradients)
+{
+    QImage page(600, 400, QImage::Format_RGB32);
+    for (int y = 0; y < 400; ++y)
+        for (int x = 0; x < 600; ++x)
+            page.setPixel(x, y, x < 300 ? qRgb(250, 250, 250) : qRgb(x * 255 / 600, y * 255 / 400, 90));
+    const QImage gif = QImage::fromData(*encodeImage(picture(page, {400}), ImageFormat::Gif, 80));
+    EXPECT_LE(gif.colorCount(), 256);
+    EXPECT_EQ(gif.convertToFormat(QImage::Format_RGB32).pixel(100, 100), qRgb(250, 250, 250));
+    const QImage blurredGif =
+        gif.convertToFormat(QImage::Format_RGB32).scaled(60, 40, {}, Qt::SmoothTransformation);
+    EXPECT_LT(difference(blurredGif, page.scaled(60, 40, {}, Qt::SmoothTransformation)), 3);
+}
+
+TEST(ImageEncoder, ThumbnailsCoverTheirSizeFromTheTop)
+{
+    QImage tall(400, 2000, QImage::Format_RGB32);
+    tall.fill(Qt::blue);
+    for (int y = 0; y < 300; ++y)
+        for (int x = 0; x < 400; ++x)
+            tall.setPixel(x, y, qRgb(255, 0, 0));
+    const PagePicture source = picture(tall, {1500, 500});
+    for (const ImageFormat format :
+         {ImageFormat::Png, ImageFormat::Jpeg, ImageFormat::Gif, ImageFormat::Bmp, ImageFormat::Tiff}) {
+        const QImage thumbnail = decoded(*encodeThumbnail(source, format, 90, {200, 150}), format);
+        ASSERT_EQ(thumbnail.size(), QSize(200, 150)) << int(format);
+        EXPECT_GT(qRed(thumbnail.pixel(100, 140)), 240) << int(format);
+    }
+    const QImage narrow = QImage::fromData(*encodeThumbnail(source, ImageFormat::Png, 90, {10, 1000}));
+    EXPECT_EQ(narrow.size(), QSize(10, 1000));
+    EXPECT_EQ(QImage::fromData(*encodeThumbnail(source, ImageFormat::Png, 90, {900, 300})).size(),
+              QSize(900, 300));
+    for (const QSize none : {QSize(0, 100), QSize(100, 0), QSize(-5, -5)})
+        EXPECT_EQ(encodeThumbnail(source, ImageFormat::Png, 90, none).error().kind, Error::Kind::Usage);
+    EXPECT_EQ(encodeThumbnail(source, ImageFormat::Png, 90, {100000, 100000}).error().kind,
+              Error::Kind::TooLarge);
+}
+
+TEST(ImageEncoder, WhatAFormatCannotHoldIsRefused)
+{
+    const PagePicture tall = picture(QImage(4, 70000, QImage::Format_RGB32), {70000});
+    EXPECT_EQ(encodeImage(tall, ImageFormat::Jpeg, 80).error().kind, Error::Kind::TooLarge);
+    EXPECT_EQ(encodeImage(tall, ImageFormat::Gif, 80).error().kind, Error::Kind::TooLarge);
+    EXPECT_TRUE(encodeImage(tall, ImageFormat::Tiff, 80).ok());
+    const QImage large = sample({1280, 20100}); // More than libvips takes for a frame.
+    EXPECT_LT(
+        difference(QImage::fromData(*encodeImage(picture(large, {20000, 100}), ImageFormat::Gif, 80)), large),
+        12);
+}
+
+TEST(PagePicture, BelievesOnlyWholeFilesOfTheSizeAskedFor)
+{
+    const QByteArray png = encoded(sample({30, 20}), "PNG");
+    const QByteArray jpeg = encoded(sample({30, 20}), "JPG");
+    PagePicture lossless;
+    PagePicture lossy(PagePicture::Encoding::Jpeg);
+    EXPECT_FALSE(lossless.addStrip({}, {30, 20}).ok());
+    EXPECT_FALSE(lossless.addStrip(png.first(png.size() / 2), {30, 20}).ok());
+    EXPECT_FALSE(lossless.addStrip(png, {30, 21}).ok());
+    EXPECT_FALSE(lossless.addStrip(jpeg, {30, 20}).ok());
+    EXPECT_FALSE(lossy.addStrip(jpeg.first(jpeg.size() - 2), {30, 20}).ok());
+    EXPECT_TRUE(lossless.isNull() && lossy.isNull());
+    EXPECT_TRUE(lossless.addStrip(png, {30, 20}).ok());
+    EXPECT_TRUE(lossy.addStrip(jpeg, {30, 20}).ok());
+    EXPECT_EQ(lossy.size(), QSize(30, 20));
+}
+
+} // namespace
+} // namespace vistrel::test

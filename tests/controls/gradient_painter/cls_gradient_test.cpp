@@ -1,0 +1,134 @@
+#include "controls/gradient_painter/cls_gradient.h"
+#include "tests/support/printers.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+constexpr Color red = Color::rgb(255, 0, 0);
+constexpr Color blue = Color::rgb(0, 0, 255);
+constexpr Color untouched = Color::rgb(1, 255, 1);
+
+class Gradient : public testing::Test
+{
+protected:
+    QImage painted(QSize sizePx, float angle, qreal ratio = 1)
+    {
+        Surface surface;
+        surface.setBackColor(untouched);
+        surface.resize(sizePx, ratio);
+        gradient.setColor1(red);
+        gradient.setColor2(blue);
+        gradient.setAngle(angle);
+        result = gradient.Draw(&surface);
+        return surface.image();
+    }
+
+    QStringList boxes; // "title: text"
+    clsGradient gradient{
+        [this](const QString& text, const QString& title) { boxes += u"%1: %2"_s.arg(title, text); }};
+    bool result = false;
+};
+
+} // namespace
+
+TEST_F(Gradient, startsWithItsOwnColoursAndAngle)
+{
+    EXPECT_EQ(gradient.Color1(), Color{0xFFFFD0});
+    EXPECT_EQ(gradient.Color2(), Color{0x400000});
+    EXPECT_EQ(gradient.Angle(), 315);
+}
+
+TEST_F(Gradient, anglesAreNormalised)
+{
+    const std::pair<float, float> rows[] = {
+        {-90, 270}, {360, 0}, {720, 0}, {45.5F, 45.5F}, {-720.25F, 359.75F}};
+    for (const auto& [set, stored] : rows) {
+        gradient.setAngle(set);
+        EXPECT_EQ(gradient.Angle(), stored);
+    }
+}
+
+TEST_F(Gradient, systemColoursAreFixedWhenSet)
+{
+    gradient.setColor1({0x80000005});
+    EXPECT_EQ(gradient.Color1(), Color{0xFFFFFF});
+    gradient.setColor2({0x80000019});
+    EXPECT_EQ(gradient.Color2(), Color{0x80000019});
+}
+
+TEST_F(Gradient, runsFromItsFirstColourInTheDirectionOfTheAngle)
+{
+    const struct {
+        float angle;
+        QPoint from, to;
+    } rows[] = {
+        {0, {0, 25}, {99, 25}},  {90, {50, 49}, {50, 0}}, {180, {99, 25}, {0, 25}}, {270, {50, 0}, {50, 49}},
+        {315, {0, 0}, {99, 49}}, {45, {0, 49}, {99, 0}},  {135, {99, 49}, {0, 0}},  {225, {99, 0}, {0, 49}},
+    };
+    for (const auto& row : rows) {
+        const QImage image = painted({100, 50}, row.angle);
+        EXPECT_TRUE(result);
+        EXPECT_GT(image.pixelColor(row.from).red(), 200) << row.angle;
+        EXPECT_GT(image.pixelColor(row.to).blue(), 200) << row.angle;
+    }
+}
+
+TEST_F(Gradient, theFirstColumnHasTheFirstColourAndTheLastColourNeverShows)
+{
+    const QImage image = painted({100, 50}, 0);
+    for (int y = 0; y < 50; ++y)
+        EXPECT_EQ(image.pixelColor(0, y), QColor(255, 0, 0));
+    EXPECT_EQ(image.pixelColor(1, 0), QColor(252, 0, 2)); // 255 - 2.5 is 252.5, a tie.
+    EXPECT_EQ(image.pixelColor(99, 0), QColor(8, 0, 248));
+}
+
+TEST_F(Gradient, coversEveryPixelAtEveryAngle)
+{
+    for (float angle = 0; angle < 360; angle += 7.5F) {
+        for (const QSize size : {QSize(37, 12), QSize(12, 37), QSize(2, 9), QSize(600, 40)}) {
+            const QImage image = painted(size, angle);
+            for (int y = 0; y < size.height(); ++y) {
+                for (int x = 0; x < size.width(); ++x)
+                    ASSERT_NE(image.pixelColor(x, y), untouched.toQColor()) << angle << ' ' << x << ',' << y;
+            }
+        }
+    }
+}
+
+TEST_F(Gradient, usesEveryPixelOfADenseScreen)
+{
+    const QImage image = painted({50, 25}, 0, 2);
+    EXPECT_EQ(image.size(), QSize(100, 50));
+    EXPECT_EQ(image.pixelColor(99, 49), QColor(8, 0, 248));
+}
+
+TEST_F(Gradient, thinTargetsStayAsTheyAre)
+{
+    for (const QSize size : {QSize(1, 20), QSize(20, 1), QSize(0, 0)}) {
+        const QImage image = painted(size, 0);
+        EXPECT_FALSE(result);
+        if (image.isNull()) continue;
+        EXPECT_EQ(image.pixelColor(0, 0), untouched.toQColor());
+    }
+    EXPECT_TRUE(boxes.isEmpty());
+}
+
+TEST_F(Gradient, errorsAreShownAndGiveFalse)
+{
+    EXPECT_FALSE(gradient.Draw(nullptr));
+    const QImage image = painted({20, 20}, std::numeric_limits<float>::infinity());
+    EXPECT_FALSE(result);
+    EXPECT_EQ(image.pixelColor(10, 10), untouched.toQColor());
+    EXPECT_EQ(boxes, (QStringList{u": Object variable not set"_s, u"GradientRect: Overflow"_s}));
+}
+
+} // namespace vistrel

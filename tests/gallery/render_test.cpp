@@ -1,0 +1,74 @@
+#include "gallery/gallery_case.h"
+#include "gallery/render.h"
+#include "tests/support/printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+QJsonArray index(const QDir& folder)
+{
+    QFile file(folder.filePath(u"index.json"_s));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return QJsonDocument::fromJson(file.readAll()).array();
+}
+
+} // namespace
+
+TEST(RenderGallery, writesOnePictureOfTheRightSizePerCase)
+{
+    const QTemporaryDir folder;
+    const QDir output(folder.filePath(u"new/pictures"_s));
+    const auto count = renderGallery(output.path());
+    ASSERT_TRUE(count.ok()) << count.error().text().toStdString();
+    const QJsonArray entries = index(output);
+    ASSERT_EQ(entries.size(), *count);
+    QSet<QString> files;
+    for (const auto& value : entries) {
+        const QJsonObject entry = value.toObject();
+        const QString file = entry[u"file"_s].toString();
+        files.insert(file);
+        EXPECT_EQ(QImage(output.filePath(file)).size(),
+                  QSize(entry[u"width"_s].toInt(), entry[u"height"_s].toInt()))
+            << file.toStdString();
+    }
+    EXPECT_EQ(files.size(), *count);
+}
+
+TEST(RenderGallery, showsEachStateInItsOwnWay)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(renderGallery(folder.path()).ok());
+    const auto image = [&](const QString& name) { return QImage(folder.filePath(name + u".png"_s)); };
+    for (const QString& state : {u"hover"_s, u"pressed"_s, u"disabled"_s, u"empty"_s})
+        EXPECT_NE(image(u"FButton-"_s + state), image(u"FButton-resting"_s)) << state.toStdString();
+    EXPECT_EQ(image(u"FButton-disabled-by-form"_s), image(u"FButton-resting"_s));
+    EXPECT_NE(image(u"TextLine-hover"_s), image(u"TextLine-flat"_s));
+}
+
+TEST(RenderGallery, aFolderThatCannotBeMadeIsAnIoError)
+{
+    const QTemporaryDir folder;
+    const QString occupied = folder.filePath(u"file"_s);
+    QFile file(occupied);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const auto count = renderGallery(occupied);
+    ASSERT_FALSE(count.ok());
+    EXPECT_EQ(count.error().kind, Error::Kind::Io);
+}
+
+} // namespace vistrel
