@@ -8,8 +8,6 @@
 #include <QRect>
 #include <QString>
 
-class QPainter;
-
 namespace vistrel
 {
 

@@ -64,13 +64,6 @@ void ControlWidget::surfaceKeyPress(qint16&) {}
 void ControlWidget::surfaceKeyUp(qint16&, qint16&) {}
 void ControlWidget::surfaceResize() {}
 
-bool ControlWidget::event(QEvent* event)
-{
-    // A window that moves to a denser screen keeps its size in logical pixels.
-    if (event->type() == QEvent::ScreenChangeInternal) fitSurface();
-    return QWidget::event(event);
-}
-
 void ControlWidget::paintEvent(QPaintEvent*)
 {
     fitSurface();

@@ -100,7 +100,6 @@ protected:
     /// The surface has a new size or device pixel ratio; what was drawn is still there.
     virtual void surfaceResize();
 
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -112,7 +111,7 @@ protected:
 
 private:
     [[nodiscard]] QPointF toScale(QPointF positionPx) const;
-    void fitSurface();
+    void fitSurface(); // To the widget's size and, after a move to another screen, its device pixel ratio.
 
     Surface m_surface;
     Font m_ambientFont;
