@@ -17,6 +17,8 @@ constexpr qint64 leastBytes = 3;
 constexpr qint64 mostBytes = 65535;
 const QString textFilter = u"Text file(*.txt)|*.txt"_s;
 
+QString readShortcut(const QString& fileName) { return ReadShortcutUrl(fileName); }
+
 } // namespace
 
 MainListFiles::MainListFiles(Form& form, Program& program, MainRun& run)
@@ -68,19 +70,27 @@ void MainListFiles::SaveList()
         .filter = textFilter, .title = u"Select a file"_s, .defaultExtension = u".txt"_s};
     if (!m_run.ShowOpenDialog(path, dialog)) return;
     if (m_program.files.exists(path)) {
-        if (!m_run.askYesNo(u"The specified file already exists, do you wish to overwrite the file?"_s)) return;
+        if (!mayOverwrite()) return;
         static_cast<void>(m_program.files.remove(path));
     }
     const QByteArray bytes = m_program.codePage.toBytes(m_run.listText());
     static_cast<void>(m_program.files.writeFromStart(path, bytes));
 }
 
-void MainListFiles::fbAddFiles_Click() { AddFiles(m_run, ReadShortcutUrl, PathStyle::host()); }
+bool MainListFiles::mayOverwrite()
+{
+    using Button = MessageBoxes::Button;
+    const QString question =
+        u"The specified file already exists, do you wish to overwrite the file?"_s;
+    return m_program.messageBoxes.question(&m_form, question, Button::No) == Button::Yes;
+}
+
+void MainListFiles::fbAddFiles_Click() { AddFiles(m_run, readShortcut, PathStyle::host()); }
 
 void MainListFiles::addDroppedFiles(QStringList paths)
 {
     for (QString& path : paths)
-        AddListEntry(m_run, ReadShortcutUrl, path);
+        AddListEntry(m_run, readShortcut, path);
     m_run.moveListCaretToEnd();
     m_run.focusList();
 }

@@ -19,6 +19,7 @@ private:
     void fbClear_Click();
     void LoadList();
     void SaveList();
+    [[nodiscard]] bool mayOverwrite();
     void fbAddFiles_Click();
     void addDroppedFiles(QStringList paths);
 

@@ -118,7 +118,7 @@ bool MainRun::ShowOpenDialog(QString& fileName, const OpenDialog& dialog)
 bool MainRun::askYesNo(const QString& question)
 {
     using Button = MessageBoxes::Button;
-    return m_program.messageBoxes.question(&m_form, question, Button::No) == Button::Yes;
+    return m_program.messageBoxes.question(&m_form, question, Button::Yes) == Button::Yes;
 }
 
 void MainRun::showInformation(const QString& message) { m_program.messageBoxes.information(&m_form, message); }
