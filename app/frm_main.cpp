@@ -20,7 +20,7 @@ namespace vistrel
 namespace
 {
 
-constexpr Qt::WindowFlags windowFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
+constexpr Qt::WindowFlags chromelessWindow = Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
                                         Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 enum Page { ConvertPage, OptionsPage };
 
@@ -51,7 +51,7 @@ const ControlClasses& frmMainControlClasses()
     return classes;
 }
 
-frmMain::frmMain(Program& program) : Form(windowFlags), m_program(program)
+frmMain::frmMain(Program& program) : Form(chromelessWindow), m_program(program)
 {
     const auto created = create(frmMainDesign(), frmMainControlClasses());
     if (!created) qFatal("frmMain.design: %s", qPrintable(created.error().text()));

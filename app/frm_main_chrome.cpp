@@ -29,8 +29,8 @@ QString element(const QString& array, int index) { return u"%1(%2)"_s.arg(array)
 QIcon programIcon()
 {
     QIcon icon;
-    for (const int size : {16, 32, 48, 128})
-        icon.addFile(u":/pictures/vistrel-%1.png"_s.arg(size));
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(u":/icons/vistrel-%1.png"_s.arg(size));
     return icon;
 }
 
