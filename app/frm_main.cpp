@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QPainter>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +62,7 @@ frmMain::frmMain(Program& program) : Form(chromelessWindow), m_program(program)
     m_listFiles = std::make_unique<MainListFiles>(*this, program, *m_run);
     m_converter = std::make_unique<Converter>(*m_run, program.files, PathStyle::host(), program.newOrdane2);
     connectRun();
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 void frmMain::connectRun()
