@@ -58,8 +58,9 @@ public:
     virtual void setProgressHandler(ProgressHandler handler) = 0;
 };
 
-/// Creates a component instance, never null; one is made per run. Throws RuntimeError (Automation) when it
-/// cannot.
-using PageCaptureFactory = std::function<std::shared_ptr<PageCapture>()>;
+/// Creates a component instance; one is made per run, never null. extension is that of the files the run will
+/// fetch,
+/// ".png" or the like. Throws RuntimeError (Automation) when there can be none.
+using PageCaptureFactory = std::function<std::shared_ptr<PageCapture>(const QString& extension)>;
 
 } // namespace vistrel
