@@ -22,9 +22,7 @@ namespace
 constexpr int kOpened = 5;
 constexpr int kAnswered = 20;
 constexpr int kParsed = 40;
-constexpr int kLoaded = 60;
 constexpr int kSettled = 75;
-constexpr int kWaited = 85;
 constexpr int kDone = 100;
 
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
@@ -202,7 +200,7 @@ Task<Result<void>> PageRun::becomeReady()
         const auto waited = co_await m_session->pause(m_request.delay);
         if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
     }
-    report(kWaited);
+    report(kReady);
     const auto frozen = co_await freezePage(m_session, m_watch->mainFrame());
     if (!m_session->isOpen()) co_return frozen.error().during(u"stopping animations"_s);
     co_return Result<void>();
@@ -249,7 +247,7 @@ Task<Result<PagePicture>> PageRun::shootOnce()
     if (!area) co_return area.error();
     const ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide()};
     co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {
-        report(kWaited + (kDone - 1 - kWaited) * rows / height);
+        report(kReady + (kDone - 1 - kReady) * rows / height);
     });
 }
 

@@ -18,6 +18,10 @@ class PageRun : public QObject, public std::enable_shared_from_this<PageRun>
 {
     Q_OBJECT
 public:
+    /// What progress() tells once the page is loaded, and once it stands ready for its picture.
+    static constexpr int kLoaded = 60;
+    static constexpr int kReady = 85;
+
     static std::shared_ptr<PageRun> create(std::shared_ptr<Browser> browser, PageRequest request);
 
     /// Runs it, once. Errors: Page (cannot be loaded, crashed, gave no document), Timeout, TooLarge,
