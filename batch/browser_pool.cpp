@@ -23,7 +23,7 @@ Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
         if (!started) co_return started.error();
     }
     ++m_pages;
-    co_return m_browser;
+    co_return Result(m_browser); // A copy: the task would move the member out.
 }
 
 Task<> BrowserPool::startBrowser()
