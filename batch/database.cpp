@@ -49,7 +49,7 @@ Result<std::unique_ptr<Database>> Database::open(const QString& path)
 Result<void> Database::setUp()
 {
     sqlite3_extended_result_codes(m_handle, 1);
-    return runAll({"PRAGMA locking_mode = EXCLUSIVE", "PRAGMA cache_size = -32768", kWriteAhead, kSynchronous,
+    return runAll({"PRAGMA locking_mode = EXCLUSIVE", "PRAGMA cache_size = -16384", kWriteAhead, kSynchronous,
                    "BEGIN IMMEDIATE", "COMMIT"});
 }
 

@@ -260,13 +260,11 @@ Result<Tally> Journal::tally()
 {
     Tally tally;
     const QMutexLocker lock(&m_mutex);
-    const auto asked = m_database->query("SELECT state, count(*) FROM entry GROUP BY state", {},
+    const auto asked = m_database->query("SELECT total(state = 2), total(state = 3), count(*) FROM entry", {},
                                          [&](const Database::Row& row) {
-                                             switch (row.integer(0)) {
-                                             case kConverted: tally.converted = row.integer(1); break;
-                                             case kFailed: tally.failed = row.integer(1); break;
-                                             default: tally.pending += row.integer(1);
-                                             }
+                                             tally.converted = row.integer(0);
+                                             tally.failed = row.integer(1);
+                                             tally.pending = row.integer(2) - tally.converted - tally.failed;
                                          });
     if (!asked) return asked.error();
     return tally;
