@@ -9,6 +9,7 @@ namespace
 const char* description(RuntimeError::Number number)
 {
     switch (number) {
+    case RuntimeError::Number::InvalidProcedureCall: return "Invalid procedure call or argument";
     case RuntimeError::Number::Overflow: return "Overflow";
     case RuntimeError::Number::TypeMismatch: return "Type mismatch";
     case RuntimeError::Number::BadFileName: return "Bad file name or number";

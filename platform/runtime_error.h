@@ -11,6 +11,7 @@ class RuntimeError : public std::runtime_error
 {
 public:
     enum class Number {
+        InvalidProcedureCall = 5,
         Overflow = 6,
         TypeMismatch = 13,
         BadFileName = 52,

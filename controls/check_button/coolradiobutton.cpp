@@ -4,6 +4,7 @@
 #include "platform/widgets/pointer_shapes.h"
 
 #include <QCursor>
+#include <QTimer>
 
 #include <chrono>
 
@@ -24,13 +25,15 @@ constexpr qint16 leftButton = 1;
 
 } // namespace
 
-Coolradiobutton::Coolradiobutton(QWidget* parent) : ControlWidget(ScaleMode::Twips, parent)
+Coolradiobutton::Coolradiobutton(QWidget* parent)
+    : ControlWidget(ScaleMode::Twips, parent), m_Timer1(new QTimer(this))
 {
     setFocusPolicy(Qt::StrongFocus);
     drawingSurface().setBackColor(m_BackColor);
     ShowNormalGlyph();
-    connect(&m_Timer1, &QTimer::timeout, this, &Coolradiobutton::noticeLeaving);
-    m_Timer1.start(10ms);
+    m_Timer1->setObjectName(u"Timer1"_s);
+    connect(m_Timer1, &QTimer::timeout, this, &Coolradiobutton::noticeLeaving);
+    m_Timer1->start(10ms);
 }
 
 void Coolradiobutton::InitProperties()
@@ -209,7 +212,7 @@ void Coolradiobutton::paint()
 
 void Coolradiobutton::surfaceMouseMove(qint16 Button, qint16 Shift, float X, float Y)
 {
-    if (!m_Timer1.isActive()) m_Timer1.start();
+    if (!m_Timer1->isActive()) m_Timer1->start();
     if (const QRectF part = layout().partAt({X, Y}); !part.isEmpty()) {
         X = static_cast<float>(part.x());
         Y = static_cast<float>(part.y());
@@ -265,7 +268,7 @@ void Coolradiobutton::noticeLeaving()
     if (!isOutside) return;
     if (m_HotUnderLine) m_captionFont.underline = false;
     showRestingColor();
-    m_Timer1.stop();
+    m_Timer1->stop();
     Q_EMIT MouseOut();
     ShowNormalGlyph();
 }

@@ -4,7 +4,7 @@
 #include "controls/check_button/check_layout.h"
 #include "platform/widgets/control_widget.h"
 
-#include <QTimer>
+class QTimer;
 
 namespace vistrel
 {
@@ -113,7 +113,7 @@ private:
     QString m_caption;
     vistrel::Font m_captionFont; // m_Font, but for the underline.
     Color m_captionColor;
-    QTimer m_Timer1;
+    QTimer* m_Timer1;
     bool m_Value = false;
     qint32 m_BtnType = 0;
     Color m_HotColor;

@@ -1,0 +1,24 @@
+#include "app/mod_form.h"
+
+#include <QPainter>
+#include <QWindow>
+
+namespace vistrel
+{
+
+void MakeFormRegion(QWidget& form) { form.setMask(QRegion(form.rect())); }
+
+void drawFormFrame(QPainter& painter, QSize size, Color color)
+{
+    const QRect outside({0, 0}, size);
+    for (const QRect& line : QRegion(outside) - outside.adjusted(1, 1, -1, -1))
+        painter.fillRect(line, color.toQColor());
+}
+
+void DragForm(QWidget& form)
+{
+    if (form.isMaximized()) return;
+    if (QWindow* window = form.windowHandle(); window != nullptr) window->startSystemMove();
+}
+
+} // namespace vistrel
