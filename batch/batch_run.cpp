@@ -1,100 +1,194 @@
 #include "batch/batch_run.h"
 
-#include "platform/folders.h"
+#include "batch/journal_filling.h"
+#include "batch/run_summary.h"
+#include "platform/machine.h"
 #include "platform/whole_file.h"
 
-#include <QDir>
+#include <QCoroFuture>
+#include <QtConcurrentRun>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vistrel
 {
 
-BatchRun::BatchRun(Plan plan, Streams& streams)
+namespace
+{
+
+constexpr qint64 kMebibyte = 1024 * 1024;
+constexpr qint64 kMemoryPerPage = 400 * kMebibyte;
+/// Below this no further page is opened while others are.
+constexpr qint64 kMemoryReserve = 300 * kMebibyte;
+constexpr int kMostAutomaticJobs = 16;
+
+/// 1, 2, 4, ... up to 60 s before another attempt.
+std::chrono::milliseconds pauseBefore(int attempt)
+{
+    return std::chrono::seconds(std::min(60, 1 << std::min(attempt - 1, 6)));
+}
+
+} // namespace
+
+int automaticJobs()
+{
+    const qint64 byMemory = availableMemoryBytes() / kMemoryPerPage;
+    const qint64 byCores = 2LL * QThread::idealThreadCount();
+    return int(std::clamp<qint64>(std::min(byMemory, byCores), 1, kMostAutomaticJobs));
+}
+
+BatchRun::BatchRun(Plan plan, std::unique_ptr<Journal> journal, Streams& streams)
     : m_plan(std::move(plan)),
       m_progress(streams),
-      m_entries(m_plan, streams.in),
-      m_names(m_plan),
+      m_input(streams.in),
+      m_journal(std::move(journal)),
+      m_names(m_plan, *m_journal),
+      m_queue(*m_journal, HostLimits(m_plan.perHost, m_plan.perHostDelay),
+              m_plan.jobs == 0 ? kMemoryReserve : 0),
       m_browsers(m_plan.browser)
 {
 }
 
 Task<ExitCode> BatchRun::run()
 {
-    const auto prepared = prepare();
-    if (!prepared) {
-        m_progress.message(u"vistrel-batch: "_s + prepared.error().text());
-        co_return ExitCode::Usage;
+    auto ready = prepareFiles();
+    if (ready) ready = co_await fill();
+    if (!ready) {
+        if (!m_stopped) m_progress.message(u"vistrel-batch: "_s + ready.error().text());
+        co_return m_stopped.value_or(ExitCode::Usage);
     }
     co_await convertAll();
     m_browsers.stop();
-    m_progress.summary();
-    const auto reported = m_report.close();
-    if (!reported) m_progress.message(u"vistrel-batch: "_s + reported.error().text());
-    co_return exitCode();
+    m_progress.end();
+    co_return tell();
 }
 
-Result<void> BatchRun::prepare()
+Result<void> BatchRun::prepareFiles()
 {
-    const auto readable = EntrySource::check(m_plan);
-    if (!readable) return readable.error();
-    if (!QDir().mkpath(m_plan.outputFolder) || !isWritable(m_plan.outputFolder))
-        return Error{Error::Kind::Io, u"the folder %1 cannot be written"_s.arg(m_plan.outputFolder), {}};
     sweepTemporaryFiles(m_plan.outputFolder);
     if (m_plan.reportFile.isEmpty()) return {};
     return m_report.open(m_plan.reportFile);
 }
 
+Task<Result<void>> BatchRun::fill()
+{
+    const auto filling = QtConcurrent::run(&m_writers, [this]() -> Result<void> {
+        if (m_plan.resume) return m_journal->putBack(m_plan.retryFailed);
+        return fillJournal(*m_journal, m_plan, m_names, m_input, m_stopFilling);
+    });
+    const Result<void> filled = co_await filling;
+    if (!filled) co_return filled.error();
+    const auto tally = m_journal->tally();
+    if (!tally) co_return tally.error();
+    m_progress.start(*tally);
+    co_return Result<void>();
+}
+
 Task<> BatchRun::convertAll()
 {
-    for (;;) {
-        auto entry = m_entries.next();
-        if (!entry) {
-            m_progress.message(u"vistrel-batch: "_s + entry.error().text());
-            stop(ExitCode::SomeFailed);
-        }
-        if (!entry || !*entry) co_return;
-        if (m_stopped)
-            finish(**entry, Outcome::skipped(u"the run was ended before"_s));
-        else
-            co_await convert(**entry);
-    }
+    const int jobs = m_plan.jobs > 0 ? m_plan.jobs : automaticJobs();
+    QList<Completion<void>> workers;
+    for (int i = 0; i < jobs; ++i)
+        work(workers.emplaceBack());
+    for (const Completion<void>& worker : std::as_const(workers))
+        (void)co_await worker;
 }
 
-Task<> BatchRun::convert(Entry entry)
+Task<> BatchRun::work(Completion<void> finished)
 {
-    const auto browser = co_await m_browsers.browser();
+    for (;;) {
+        auto next = co_await m_queue.take();
+        if (!next) giveUp(ExitCode::SomeFailed, next.error().text());
+        if (!next || !*next) break;
+        co_await convert(**next);
+    }
+    finished.settle({});
+}
+
+Task<> BatchRun::convert(PendingEntry entry)
+{
+    auto browser = co_await m_browsers.browser();
     if (!browser) {
-        if (!m_stopped) m_progress.message(u"vistrel-batch: "_s + browser.error().text());
-        stop(ExitCode::NoBrowser);
-        finish(entry, Outcome::skipped(u"the browser could not be started"_s));
+        giveUp(ExitCode::NoBrowser, browser.error().text());
+        m_queue.release(entry);
         co_return;
     }
-    m_conversion = EntryConversion::create(m_plan, m_writers, entry);
-    const Outcome outcome = co_await m_conversion->run(*browser, m_names.claim(entry));
-    m_conversion.reset();
-    finish(entry, outcome);
+    const ConversionTools tools{m_plan, *m_journal, m_names, m_writers};
+    const auto conversion = EntryConversion::create(tools, entry);
+    m_conversions.append(conversion);
+    Attempt attempt = co_await conversion->run(*std::move(browser));
+    m_conversions.removeOne(conversion);
+    co_await settle(entry, attempt);
 }
 
-void BatchRun::finish(const Entry& entry, const Outcome& outcome)
+Task<> BatchRun::settle(PendingEntry entry, Attempt attempt)
 {
-    m_progress.finished(entry, outcome);
-    m_report.add(entry, outcome);
+    if (attempt.trouble == Trouble::LostBrowser && !entry.lostBrowser) {
+        entry.lostBrowser = true;
+        m_queue.putBack(entry, std::chrono::milliseconds(0));
+    } else if (attempt.trouble == Trouble::Passing && entry.attempts < m_plan.retries) {
+        ++entry.attempts;
+        m_queue.putBack(entry, pauseBefore(entry.attempts));
+    } else {
+        if (attempt.trouble == Trouble::Unwritable)
+            giveUp(ExitCode::SomeFailed, attempt.outcome.reason);
+        else if (attempt.trouble != Trouble::Cancelled)
+            co_await record(entry, attempt.outcome);
+        m_queue.release(entry);
+    }
+}
+
+Task<> BatchRun::record(PendingEntry entry, Outcome outcome)
+{
+    if (outcome.state == EntryState::Failed) {
+        const auto writing = QtConcurrent::run(&m_writers, [this, number = entry.entry.number, outcome] {
+            return m_journal->finish(number, outcome);
+        });
+        const Result<void> written = co_await writing;
+        if (!written) giveUp(ExitCode::SomeFailed, written.error().during(u"writing the journal"_s).text());
+    }
+    m_progress.finished(entry.entry, outcome);
+}
+
+void BatchRun::giveUp(ExitCode exitCode, const QString& why)
+{
+    if (m_stopped) return;
+    m_progress.message(u"vistrel-batch: "_s + why);
+    stop(exitCode);
 }
 
 void BatchRun::stop(ExitCode exitCode)
 {
     if (m_stopped) return;
     m_stopped = exitCode;
-    if (m_conversion) m_conversion->cancel();
+    m_stopFilling = true;
+    const auto conversions = m_conversions;
+    for (const auto& conversion : conversions)
+        conversion->cancel();
+    m_queue.stop();
     m_browsers.stop();
 }
 
-ExitCode BatchRun::exitCode() const
+/// Writes the report and the summary; the exit code.
+ExitCode BatchRun::tell()
 {
+    RunSummary summary;
+    bool allConverted = true;
+    const auto told = m_journal->forEach([&](const Entry& entry, const Outcome& outcome) {
+        summary.add(entry, outcome);
+        allConverted = allConverted && outcome.state == EntryState::Converted;
+        if (!m_plan.reportFile.isEmpty()) m_report.add(entry, outcome);
+    });
+    const auto reported = m_plan.reportFile.isEmpty() ? Result<void>() : m_report.close();
+    for (const Result<void>& step : {told, reported}) {
+        if (!step) m_progress.message(u"vistrel-batch: "_s + step.error().text());
+    }
+    for (const QString& line : summary.lines(m_progress.elapsedMilliseconds()))
+        m_progress.message(line);
     if (m_stopped) return *m_stopped;
-    const Tally& tally = m_progress.tally();
-    return tally.converted == tally.all() ? ExitCode::Converted : ExitCode::SomeFailed;
+    return allConverted ? ExitCode::Converted : ExitCode::SomeFailed;
 }
 
 } // namespace vistrel

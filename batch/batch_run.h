@@ -2,47 +2,60 @@
 
 #include "batch/browser_pool.h"
 #include "batch/entry_conversion.h"
-#include "batch/entry_source.h"
+#include "batch/entry_queue.h"
 #include "batch/exit_code.h"
-#include "batch/output_names.h"
 #include "batch/progress.h"
 #include "batch/report_file.h"
+
+#include <atomic>
 
 namespace vistrel
 {
 
-/// Carries a plan out: reads the lists, converts entry after entry, reports.
+/// Carries a plan out: fills the journal or takes up an earlier one, converts what waits in it, several pages
+/// at a time, and reports.
 class BatchRun
 {
 public:
-    /// streams must outlive the run.
-    BatchRun(Plan plan, Streams& streams);
+    /// journal is a new one, still empty, or for a plan that resumes the earlier run's. streams must outlive
+    /// the run.
+    BatchRun(Plan plan, std::unique_ptr<Journal> journal, Streams& streams);
     BatchRun(const BatchRun&) = delete;
     BatchRun& operator=(const BatchRun&) = delete;
 
     /// Runs it, once. The browser and all its files are gone when this ends.
     Task<ExitCode> run();
 
-    /// Ends the run soon: no entry is started any more, the one under way is given up and counts as skipped,
-    /// and run() ends with exitCode. A first call decides.
+    /// Ends the run soon: no entry is started any more, those under way are given up and stay for a resumed
+    /// run, and run() ends with exitCode. A first call decides.
     void stop(ExitCode exitCode);
 
 private:
-    [[nodiscard]] Result<void> prepare();
+    [[nodiscard]] Result<void> prepareFiles();
+    Task<Result<void>> fill();
     Task<> convertAll();
-    Task<> convert(Entry entry);
-    void finish(const Entry& entry, const Outcome& outcome);
-    [[nodiscard]] ExitCode exitCode() const;
+    Task<> work(Completion<void> finished);
+    Task<> convert(PendingEntry entry);
+    Task<> settle(PendingEntry entry, Attempt attempt);
+    Task<> record(PendingEntry entry, Outcome outcome);
+    void giveUp(ExitCode exitCode, const QString& why);
+    [[nodiscard]] ExitCode tell();
 
     const Plan m_plan;
     Progress m_progress;
-    ReportFile m_report;
-    EntrySource m_entries;
+    std::istream& m_input;
+    std::unique_ptr<Journal> m_journal;
     OutputNames m_names;
+    EntryQueue m_queue;
     BrowserPool m_browsers;
     QThreadPool m_writers;
-    std::shared_ptr<EntryConversion> m_conversion; // The one under way.
+    ReportFile m_report;
+    QList<std::shared_ptr<EntryConversion>> m_conversions; // Those under way.
     std::optional<ExitCode> m_stopped;
+    std::atomic<bool> m_stopFilling = false;
 };
+
+/// Pages at a time that suit this machine.
+[[nodiscard]] int automaticJobs();
 
 } // namespace vistrel

@@ -45,7 +45,8 @@ void BrowserPool::retire()
 
 void BrowserPool::settleWaiters(const Result<std::shared_ptr<Browser>>& result)
 {
-    for (const Waiter& waiter : std::exchange(m_waiters, {}))
+    const auto waiters = std::exchange(m_waiters, {});
+    for (const Waiter& waiter : waiters)
         waiter.settle(result);
 }
 
@@ -53,7 +54,7 @@ void BrowserPool::stop()
 {
     m_stopped = true;
     QList<std::shared_ptr<Browser>> browsers{std::exchange(m_browser, nullptr)};
-    for (const auto& retired : std::exchange(m_retired, {}))
+    for (const auto& retired : std::as_const(m_retired))
         browsers.append(retired.lock());
     for (const auto& browser : browsers) {
         if (browser) browser->kill(stopped());

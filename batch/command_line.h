@@ -16,6 +16,11 @@ struct Answer {
 
 /// Reads the arguments, without the program's own name. Settings named by --config are read here; lists and
 /// folders are not touched.
-[[nodiscard]] std::variant<Plan, Answer> parseCommandLine(const QStringList& arguments);
+///
+/// kept is what the journal of an earlier run holds, for a command that resumes it: an option that is not in
+/// arguments has its value from there, and one that is must say the same. Plan::options gives what a journal
+/// has to keep.
+[[nodiscard]] std::variant<Plan, Answer> parseCommandLine(const QStringList& arguments,
+                                                          const OptionValues& kept = {});
 
 } // namespace vistrel

@@ -1,13 +1,16 @@
 #include "batch/entry_conversion.h"
 
+#include "batch/picture_writing.h"
 #include "capture/page/address.h"
 #include "platform/log.h"
-#include "platform/whole_file.h"
 
 #include <QCoroFuture>
+#include <QDateTime>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QtConcurrentRun>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -17,94 +20,100 @@ namespace vistrel
 namespace
 {
 
-/// Everything that the writing thread needs, its own copy.
-struct WritingJob {
-    PagePicture picture;
-    OutputFiles files;
-    ImageFormat format;
-    int quality;
-    std::optional<QSize> thumbnail;
-    IfExists ifExists;
-};
-
-std::optional<QString> writeThumbnail(const WritingJob& job)
+/// The browser's codes for faults of the network and of servers that are gone the next minute.
+bool isPassing(const Error& error)
 {
-    const auto bytes = encodeThumbnail(job.picture, job.format, job.quality, *job.thumbnail);
-    if (!bytes) return bytes.error().text();
-    const auto problem = writeWholeFile(job.files.thumbnail, *bytes, job.ifExists);
-    return problem ? std::optional(problem->message) : std::nullopt;
+    static const std::array codes{u"ERR_CONNECTION_"_s,
+                                  u"ERR_TIMED_OUT"_s,
+                                  u"ERR_EMPTY_RESPONSE"_s,
+                                  u"ERR_NETWORK_CHANGED"_s,
+                                  u"ERR_ADDRESS_UNREACHABLE"_s,
+                                  u"ERR_INTERNET_DISCONNECTED"_s,
+                                  u"ERR_NAME_RESOLUTION_FAILED"_s,
+                                  u"ERR_PROXY_CONNECTION_FAILED"_s,
+                                  u"ERR_HTTP2_"_s,
+                                  u"ERR_QUIC_"_s};
+    switch (error.kind) {
+    case Error::Kind::Timeout:
+    case Error::Kind::Protocol: return true;
+    case Error::Kind::Page:
+        return std::any_of(codes.begin(), codes.end(),
+                           [&](const QString& code) { return error.message.contains(code); });
+    default: return false;
+    }
 }
 
-/// Either all files of the entry are there afterwards, or none.
-Outcome encodeAndWrite(const WritingJob& job)
+bool isPassing(int httpStatus)
 {
-    const auto image = encodeImage(job.picture, job.format, job.quality);
-    if (!image) return Outcome::failed(image.error().text());
-    if (const auto problem = writeWholeFile(job.files.image, *image, job.ifExists))
-        return Outcome::failed(problem->message);
-    if (job.thumbnail) {
-        if (const auto problem = writeThumbnail(job)) {
-            QFile::remove(job.files.image);
-            return Outcome::failed(*problem);
-        }
-    }
-    Outcome outcome;
-    outcome.state = EntryState::Converted;
-    outcome.file = job.files.image;
-    outcome.thumbnail = job.files.thumbnail;
-    outcome.size = job.picture.size();
-    outcome.bytes = image->size();
-    return outcome;
+    return httpStatus == 408 || httpStatus == 429 || httpStatus == 500 ||
+           (httpStatus >= 502 && httpStatus <= 504);
 }
 
 } // namespace
 
-std::shared_ptr<EntryConversion> EntryConversion::create(const Plan& plan, QThreadPool& writers, Entry entry)
+std::shared_ptr<EntryConversion> EntryConversion::create(const ConversionTools& tools, PendingEntry entry)
 {
-    return std::shared_ptr<EntryConversion>(new EntryConversion(plan, writers, std::move(entry)));
+    return std::shared_ptr<EntryConversion>(new EntryConversion(tools, std::move(entry)));
 }
 
-EntryConversion::EntryConversion(const Plan& plan, QThreadPool& writers, Entry entry)
-    : m_plan(plan), m_writers(writers), m_entry(std::move(entry))
+EntryConversion::EntryConversion(const ConversionTools& tools, PendingEntry entry)
+    : m_tools(tools), m_entry(std::move(entry))
 {
 }
 
-Task<Outcome> EntryConversion::run(std::shared_ptr<Browser> browser, OutputFiles files)
+Task<Attempt> EntryConversion::run(std::shared_ptr<Browser> browser)
 {
     const auto self = shared_from_this();
-    QElapsedTimer timer;
-    timer.start();
-    auto shot = co_await takeShot(std::move(browser));
+    const qint64 started = QDateTime::currentMSecsSinceEpoch();
+    QElapsedTimer clock;
+    clock.start();
+    auto shot = co_await takeShot(browser);
     m_run.reset();
-    Outcome outcome = Outcome::skipped(u"the run was ended meanwhile"_s);
+    const bool browserLost = !browser->isUsable();
+    browser.reset();
+    const bool lastAttempt = m_entry.attempts >= m_tools.plan.retries;
+    Attempt attempt;
     if (!shot) {
-        if (!m_cancelled) outcome = Outcome::failed(shot.error().text());
-    } else if (!m_cancelled) {
-        WritingJob job{std::move(shot->picture),
-                       std::move(files),
-                       m_plan.format,
-                       m_plan.jpegQuality,
-                       m_plan.thumbnail,
-                       m_plan.overwrite ? IfExists::Replace : IfExists::Refuse};
-        const auto writing = QtConcurrent::run(&m_writers, encodeAndWrite, std::move(job));
-        outcome = co_await writing;
+        attempt = failure(shot.error(), browserLost);
+    } else if (m_cancelled) {
+        attempt.trouble = Trouble::Cancelled;
+    } else if (isPassing(shot->httpStatus) && !lastAttempt) {
+        attempt = {Outcome::failed(u"HTTP %1"_s.arg(shot->httpStatus)), Trouble::Passing};
+    } else {
+        WritingJob job{m_tools, m_entry, std::move(*shot), started, clock};
+        const auto writing = QtConcurrent::run(&m_tools.writers, writePictures, std::move(job));
+        attempt = co_await writing;
     }
-    outcome.milliseconds = timer.elapsed();
-    co_return outcome;
+    attempt.outcome.started = started;
+    attempt.outcome.attempts = m_entry.attempts + 1;
+    attempt.outcome.milliseconds = clock.elapsed();
+    co_return attempt;
+}
+
+Attempt EntryConversion::failure(const Error& error, bool browserLost) const
+{
+    Attempt attempt{Outcome::failed(error.text())};
+    if (m_cancelled)
+        attempt.trouble = Trouble::Cancelled;
+    else if (error.kind == Error::Kind::Closed && browserLost)
+        attempt.trouble = Trouble::LostBrowser;
+    else if (isPassing(error))
+        attempt.trouble = Trouble::Passing;
+    return attempt;
 }
 
 Task<Result<PageShot>> EntryConversion::takeShot(std::shared_ptr<Browser> browser)
 {
-    if (!m_entry.problem.isEmpty()) co_return Error{Error::Kind::Usage, m_entry.problem, {}};
-    const auto addresses = resolveAddress(m_entry.text);
+    if (!m_entry.entry.problem.isEmpty()) co_return Error{Error::Kind::Usage, m_entry.entry.problem, {}};
+    const auto addresses = resolveAddress(m_entry.entry.target);
     if (!addresses) co_return addresses.error();
-    PageRequest request = m_plan.page;
+    PageRequest request = m_tools.plan.page;
     request.addresses = *addresses;
     m_run = PageRun::create(std::move(browser), std::move(request));
     auto shot = co_await m_run->run();
     if (shot) {
         for (const QString& warning : std::as_const(shot->warnings))
-            qCInfo(logPage).noquote() << m_entry.text << warning;
+            qCInfo(logPage).noquote() << m_entry.entry.text << warning;
     }
     co_return shot;
 }

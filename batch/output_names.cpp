@@ -5,8 +5,12 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QRegularExpression>
 #include <QTextBoundaryFinder>
+#include <QUrl>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +22,7 @@ namespace
 
 constexpr qsizetype kLongestName = 255; // Bytes; what Linux file systems take.
 const QString kThumbnailMark = u"_T"_s;
+const QRegularExpression kToken(u"\\{([^{}]*)\\}"_s);
 
 /// Credentials in an address are nobody else's business.
 QString withoutCredentials(const QString& entry)
@@ -46,10 +51,24 @@ QString safeName(QString name)
     return name;
 }
 
+/// The path of an address, or the name of a local file, without the file's ending.
+QString pathPart(const QUrl& url)
+{
+    if (url.isLocalFile()) return QFileInfo(url.toLocalFile()).completeBaseName();
+    const QString path = url.path().sliced(url.path().startsWith(u'/') ? 1 : 0);
+    return path.isEmpty() ? u"index"_s : path;
+}
+
 QString shortHash(const QString& name)
 {
     return QString::fromLatin1(
         QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex().first(8));
+}
+
+bool fileOrLinkExists(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
 }
 
 QString cutToBytes(const QString& text, qsizetype bytes)
@@ -67,10 +86,46 @@ QString cutToBytes(const QString& text, qsizetype bytes)
 
 } // namespace
 
-QString plainName(const Entry& entry, Naming naming)
+Result<void> checkNameTemplate(const QString& text)
 {
-    if (naming == Naming::Number) return QString::number(entry.number);
-    return safeName(urlSchemeName(withoutCredentials(entry.text), hostFiles(), PathStyle::host()));
+    static const QStringList known{u"index"_s, u"host"_s, u"path"_s, u"date"_s, u"width"_s, u"height"_s};
+    bool varies = false;
+    for (const auto& match : kToken.globalMatch(text)) {
+        const QString token = match.captured(1);
+        if (!known.contains(token))
+            return Error{
+                Error::Kind::Usage,
+                u"%1 is no part of a name; known are {%2}"_s.arg(match.captured(), known.join(u"}, {"_s)),
+                {}};
+        varies = varies || token != u"date";
+    }
+    if (varies) return {};
+    return Error{
+        Error::Kind::Usage,
+        u"\"%1\" gives every file the same name; use url, number, or a template such as {index}-{host}"_s.arg(
+            text),
+        {}};
+}
+
+QString plainName(const Entry& entry, const QString& naming, const PageFacts& facts, QDate today)
+{
+    if (naming == u"number") return QString::number(entry.number);
+    const QString text = withoutCredentials(entry.text);
+    if (naming == u"url") return safeName(urlSchemeName(text, hostFiles(), PathStyle::host()));
+    const QUrl url = QUrl::fromUserInput(withoutCredentials(entry.target));
+    const QHash<QString, QString> values{{u"index"_s, QString::number(entry.number)},
+                                         {u"host"_s, url.isLocalFile() ? u"local"_s : url.host()},
+                                         {u"path"_s, pathPart(url)},
+                                         {u"date"_s, today.toString(Qt::ISODate)},
+                                         {u"width"_s, QString::number(facts.size.width())},
+                                         {u"height"_s, QString::number(facts.size.height())}};
+    QString name;
+    qsizetype end = 0;
+    for (const auto& match : kToken.globalMatch(naming)) {
+        name += naming.sliced(end, match.capturedStart() - end) + values.value(match.captured(1));
+        end = match.capturedEnd();
+    }
+    return safeName(name + naming.sliced(end));
 }
 
 QString fittedName(const QString& name, const QString& ending)
@@ -88,43 +143,62 @@ QString nameKey(const QString& name)
         .normalized(QString::NormalizationForm_C);
 }
 
-OutputNames::OutputNames(const Plan& plan)
-    : m_folder(QDir(plan.outputFolder).absolutePath() + u'/'),
-      m_ending(extensionForImageType(qint32(plan.format))),
+OutputNames::OutputNames(const Plan& plan, Journal& journal)
+    : m_journal(journal),
+      m_folder(QDir(plan.outputFolder).absolutePath() + u'/'),
       m_naming(plan.naming),
       m_overwrite(plan.overwrite),
       m_thumbnails(plan.thumbnail.has_value())
 {
+    for (const ImageFormat format : plan.formats)
+        m_endings.append(extensionForImageType(qint32(format)));
+    m_longestEnding = m_thumbnails ? kThumbnailMark + m_endings.first() : m_endings.first();
 }
 
-OutputFiles OutputNames::claim(const Entry& entry)
+bool OutputNames::dependOnPage() const
 {
-    const QString plain = plainName(entry, m_naming);
-    const QString ending = m_thumbnails ? kThumbnailMark + m_ending : m_ending;
-    QString name = fittedName(plain, ending);
-    for (qint64 k = 1; !isFree(name); ++k) {
-        const QString counter = u'(' + QString::number(k) + u')';
-        name = fittedName(plain, counter + ending) + counter;
+    return m_naming.contains(u"{width}"_s) || m_naming.contains(u"{height}"_s);
+}
+
+Result<QString> OutputNames::claim(const Entry& entry, const PageFacts& facts)
+{
+    const QString plain = plainName(entry, m_naming, facts);
+    QString name = fittedName(plain, m_longestEnding);
+    const QString key = nameKey(name);
+    for (;;) {
+        const auto taken = take(name);
+        if (!taken) return taken.error();
+        if (*taken) return name;
+        const auto number = m_journal.nextNumber(key);
+        if (!number) return number.error();
+        const QString counter = u'(' + QString::number(*number) + u')';
+        name = fittedName(plain, counter + m_longestEnding) + counter;
     }
-    m_taken.insert(nameKey(name));
-    if (m_thumbnails) m_taken.insert(nameKey(name + kThumbnailMark));
-    return filesOf(name);
+}
+
+/// Claims name, and that of its thumbnail, unless something has it already.
+Result<bool> OutputNames::take(const QString& name)
+{
+    if (!m_overwrite && existsOnDisk(name)) return false;
+    const auto claimed = m_journal.claim(nameKey(name));
+    if (!claimed || !*claimed || !m_thumbnails) return claimed;
+    return m_journal.claim(nameKey(name + kThumbnailMark));
 }
 
 OutputFiles OutputNames::filesOf(const QString& name) const
 {
-    return {m_folder + name + m_ending,
-            m_thumbnails ? m_folder + name + kThumbnailMark + m_ending : QString()};
+    OutputFiles files;
+    for (const QString& ending : m_endings)
+        files.images.append(m_folder + name + ending);
+    if (m_thumbnails) files.thumbnail = m_folder + name + kThumbnailMark + m_endings.first();
+    return files;
 }
 
-bool OutputNames::isFree(const QString& name) const
+bool OutputNames::existsOnDisk(const QString& name) const
 {
-    if (m_taken.contains(nameKey(name))) return false;
-    if (m_thumbnails && m_taken.contains(nameKey(name + kThumbnailMark))) return false;
-    if (m_overwrite) return true;
     const OutputFiles files = filesOf(name);
-    return !QFileInfo(files.image).isSymLink() && !QFileInfo::exists(files.image) &&
-           !(m_thumbnails && QFileInfo::exists(files.thumbnail));
+    return std::any_of(files.images.begin(), files.images.end(), fileOrLinkExists) ||
+           (m_thumbnails && fileOrLinkExists(files.thumbnail));
 }
 
 } // namespace vistrel

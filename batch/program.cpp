@@ -2,9 +2,12 @@
 
 #include "batch/batch_run.h"
 #include "batch/command_line.h"
+#include "batch/entry_source.h"
+#include "platform/folders.h"
 #include "platform/process/interrupt_signals.h"
 #include "platform/whole_file.h"
 
+#include <QDir>
 #include <QEventLoop>
 #include <QLoggingCategory>
 #include <QTimer>
@@ -29,10 +32,12 @@ ExitCode exitCodeOf(int signal)
     }
 }
 
+/// The process around one run: signals, and the event loop.
 class Program
 {
 public:
-    Program(const Plan& plan, Streams& streams) : m_outputFolder(plan.outputFolder), m_run(plan, streams)
+    Program(const Plan& plan, std::unique_ptr<Journal> journal, Streams& streams)
+        : m_outputFolder(plan.outputFolder), m_run(plan, std::move(journal), streams)
     {
         QObject::connect(&m_signals, &InterruptSignals::interrupted, &m_signals,
                          [this](int signal) { interrupt(exitCodeOf(signal)); });
@@ -75,19 +80,57 @@ private:
     bool m_interrupted = false;
 };
 
+/// A plan that can be carried out, with the journal of its run.
+struct PreparedRun {
+    Plan plan;
+    std::unique_ptr<Journal> journal;
+};
+
+Answer refusal(const Error& error) { return {ExitCode::Usage, u"vistrel-batch: %1\n"_s.arg(error.text())}; }
+
+std::variant<PreparedRun, Answer> resumeRun(const QStringList& arguments, const Plan& plan)
+{
+    auto journal = Journal::open(plan.outputFolder);
+    if (!journal) return refusal(journal.error());
+    const auto options = (*journal)->options();
+    if (!options) return refusal(options.error());
+    auto parsed = parseCommandLine(arguments, *options);
+    if (auto* answer = std::get_if<Answer>(&parsed)) return *answer;
+    return PreparedRun{std::get<Plan>(std::move(parsed)), *std::move(journal)};
+}
+
+std::variant<PreparedRun, Answer> startRun(Plan plan)
+{
+    const auto readable = EntrySource::check(plan);
+    if (!readable) return refusal(readable.error());
+    if (!QDir().mkpath(plan.outputFolder) || !isWritable(plan.outputFolder))
+        return refusal({Error::Kind::Io, u"the folder %1 cannot be written"_s.arg(plan.outputFolder), {}});
+    auto journal = Journal::create(plan.outputFolder, plan.options);
+    if (!journal) return refusal(journal.error());
+    return PreparedRun{std::move(plan), *std::move(journal)};
+}
+
+std::variant<PreparedRun, Answer> prepareRun(const QStringList& arguments)
+{
+    auto parsed = parseCommandLine(arguments);
+    if (auto* answer = std::get_if<Answer>(&parsed)) return *answer;
+    Plan& plan = std::get<Plan>(parsed);
+    return plan.resume ? resumeRun(arguments, plan) : startRun(std::move(plan));
+}
+
 } // namespace
 
 ExitCode runProgram(const QStringList& arguments, Streams& streams)
 {
-    const auto parsed = parseCommandLine(arguments);
-    if (const auto* answer = std::get_if<Answer>(&parsed)) {
+    auto prepared = prepareRun(arguments);
+    if (const auto* answer = std::get_if<Answer>(&prepared)) {
         std::ostream& stream = answer->exitCode == ExitCode::Converted ? streams.out : streams.err;
         stream << answer->text.toStdString() << std::flush;
         return answer->exitCode;
     }
-    const Plan& plan = std::get<Plan>(parsed);
-    if (plan.verbose) QLoggingCategory::setFilterRules(u"vistrel.*=true"_s);
-    return Program(plan, streams).run();
+    auto& run = std::get<PreparedRun>(prepared);
+    if (run.plan.verbose) QLoggingCategory::setFilterRules(u"vistrel.*=true"_s);
+    return Program(run.plan, std::move(run.journal), streams).run();
 }
 
 } // namespace vistrel

@@ -3,6 +3,7 @@
 #include "batch/printable.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -12,43 +13,48 @@ namespace vistrel
 namespace
 {
 
-QString seconds(qint64 milliseconds) { return QString::number(double(milliseconds) / 1000, 'f', 1); }
-
 QString resultLine(const Entry& entry, const Outcome& outcome)
 {
     const QString text = printable(entry.text);
-    switch (outcome.state) {
-    case EntryState::Converted:
-        return u"converted %1 -> %2 (%3 x %4 px, %5 s)"_s.arg(text, printable(outcome.file))
-            .arg(outcome.size.width())
-            .arg(outcome.size.height())
-            .arg(seconds(outcome.milliseconds));
-    case EntryState::Failed:
+    const QString seconds = QString::number(double(outcome.milliseconds) / 1000, 'f', 1);
+    if (outcome.state != EntryState::Converted)
         return u"failed %1 (line %2): %3"_s.arg(text).arg(entry.line).arg(printable(outcome.reason));
-    case EntryState::Skipped: break;
-    }
-    return u"skipped %1"_s.arg(text);
+    const QString note = outcome.note.isEmpty() ? QString() : u", "_s + outcome.note;
+    return u"converted %1 -> %2 (%3 x %4 px, %5 s%6)"_s.arg(text, printable(outcome.file))
+        .arg(outcome.size.width())
+        .arg(outcome.size.height())
+        .arg(seconds, note);
 }
 
 } // namespace
 
-void Tally::count(EntryState state)
+QString roughTime(qint64 seconds)
 {
-    switch (state) {
-    case EntryState::Converted: ++converted; break;
-    case EntryState::Failed: ++failed; break;
-    case EntryState::Skipped: ++skipped; break;
-    }
+    constexpr qint64 minute = 60;
+    constexpr qint64 hour = 60 * minute;
+    constexpr qint64 day = 24 * hour;
+    if (seconds < minute) return u"%1 s"_s.arg(seconds);
+    if (seconds < hour) return u"%1 min"_s.arg((seconds + minute / 2) / minute);
+    if (seconds < day) return u"%1 h %2 min"_s.arg(seconds / hour).arg(seconds % hour / minute);
+    return u"%1 d %2 h"_s.arg(seconds / day).arg(seconds % day / hour);
 }
 
-Progress::Progress(Streams& streams) : m_streams(streams) { m_clock.start(); }
+void Progress::start(const Tally& tally)
+{
+    m_tally = tally;
+    m_clock.start();
+    drawLine();
+}
 
 void Progress::finished(const Entry& entry, const Outcome& outcome)
 {
-    m_tally.count(outcome.state);
+    const bool converted = outcome.state == EntryState::Converted;
+    ++(converted ? m_tally.converted : m_tally.failed);
+    --m_tally.pending;
+    ++m_finished;
     if (!m_streams.terminal)
         print(m_streams.out, resultLine(entry, outcome));
-    else if (outcome.state == EntryState::Failed)
+    else if (!converted)
         message(resultLine(entry, outcome));
     drawLine();
 }
@@ -57,15 +63,13 @@ void Progress::message(const QString& text)
 {
     clearLine();
     print(m_streams.err, text);
+    drawLine();
 }
 
-void Progress::summary()
+void Progress::end()
 {
     clearLine();
-    QString line = u"%1 converted, %2 failed"_s.arg(m_tally.converted).arg(m_tally.failed);
-    if (m_tally.skipped > 0) line += u", %1 skipped"_s.arg(m_tally.skipped);
-    line += u" in %1 s"_s.arg(seconds(m_clock.elapsed()));
-    print(m_streams.err, line);
+    m_streams.terminal = false;
 }
 
 void Progress::print(std::ostream& stream, const QString& line)
@@ -76,11 +80,9 @@ void Progress::print(std::ostream& stream, const QString& line)
 
 void Progress::drawLine()
 {
-    if (!m_streams.terminal) return;
-    const QString line =
-        u"%1 done, %2 failed, %3 a second"_s.arg(m_tally.all()).arg(m_tally.failed).arg(rate(), 0, 'f', 1);
+    if (!m_streams.terminal || !m_clock.isValid()) return;
     clearLine();
-    m_streams.err << line.left(std::max(m_streams.columns - 1, 1)).toStdString() << std::flush;
+    m_streams.err << state().left(std::max(m_streams.columns - 1, 1)).toStdString() << std::flush;
 }
 
 void Progress::clearLine()
@@ -88,9 +90,17 @@ void Progress::clearLine()
     if (m_streams.terminal) m_streams.err << "\r\x1b[K";
 }
 
-double Progress::rate() const
+QString Progress::state() const
 {
-    return double(m_tally.all()) * 1000 / double(std::max<qint64>(m_clock.elapsed(), 1));
+    const double rate = double(m_finished) * 1000 / double(std::max<qint64>(m_clock.elapsed(), 1));
+    const qint64 done = m_tally.converted + m_tally.failed;
+    QString line = u"%1 of %2, %3 failed, %4 a second"_s.arg(done)
+                       .arg(m_tally.all())
+                       .arg(m_tally.failed)
+                       .arg(rate, 0, 'f', 1);
+    if (m_finished > 0 && m_tally.pending > 0)
+        line += u", %1 left"_s.arg(roughTime(std::llround(double(m_tally.pending) / rate)));
+    return line;
 }
 
 } // namespace vistrel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "batch/entry.h"
+#include "batch/journal.h"
 #include "batch/streams.h"
 
 #include <QElapsedTimer>
@@ -8,40 +8,36 @@
 namespace vistrel
 {
 
-/// How many entries ended in which way.
-struct Tally {
-    qint64 converted = 0;
-    qint64 failed = 0;
-    qint64 skipped = 0;
-
-    void count(EntryState state);
-    [[nodiscard]] qint64 all() const { return converted + failed + skipped; }
-};
-
 /// Tells the user how the run goes: on a terminal a line that is rewritten, with a line of its own for each
 /// failure; elsewhere one line for every entry.
 class Progress
 {
 public:
-    explicit Progress(Streams& streams);
+    explicit Progress(Streams& streams) : m_streams(streams) {}
 
+    /// The work begins; tally is what earlier runs left to do and have done.
+    void start(const Tally& tally);
     void finished(const Entry& entry, const Outcome& outcome);
     /// A line about the run as a whole.
     void message(const QString& text);
-    /// The last line, with the totals.
-    void summary();
+    /// Removes the progress line; nothing follows but messages.
+    void end();
 
-    [[nodiscard]] const Tally& tally() const { return m_tally; }
+    [[nodiscard]] qint64 elapsedMilliseconds() const { return m_clock.isValid() ? m_clock.elapsed() : 0; }
 
 private:
     void print(std::ostream& stream, const QString& line);
     void drawLine();
     void clearLine();
-    [[nodiscard]] double rate() const;
+    [[nodiscard]] QString state() const;
 
     Streams& m_streams;
     Tally m_tally;
+    qint64 m_finished = 0; // In this run.
     QElapsedTimer m_clock;
 };
+
+/// "45 s", "12 min", "3 h 20 min", "2 d 4 h": rounded to what a waiting person wants to know.
+[[nodiscard]] QString roughTime(qint64 seconds);
 
 } // namespace vistrel

@@ -19,6 +19,8 @@ struct GalleryCase {
     /// Set one after the other on a new control, by name.
     QList<PropertyBag::Entry> properties;
     Pose pose = nullptr;
+    /// The pose opens a window, which the picture shows, too. The gallery's window leaves such a pose out.
+    bool opensWindow = false;
 };
 
 /// All that the gallery knows of a control. To show another control, add an entry in registry.cpp and its
@@ -38,5 +40,8 @@ ControlWidget* makeControl(const GalleryControl& control, const GalleryCase& sho
 QList<GalleryCase> gradientCases();
 QList<GalleryCase> flatButtonCases();
 QList<GalleryCase> textLineCases();
+QList<GalleryCase> checkButtonCases();
+QList<GalleryCase> comboBoxCases();
+QList<GalleryCase> sliderCases();
 
 } // namespace vistrel

@@ -62,7 +62,7 @@ QWidget* GalleryWindow::cell(const GalleryControl& control, const GalleryCase& s
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(widget);
     layout->addWidget(new QLabel(shown.state));
-    if (shown.pose != nullptr) m_models.append({widget, shown.pose});
+    if (shown.pose != nullptr && !shown.opensWindow) m_models.append({widget, shown.pose});
     watch(*widget);
     return frame;
 }

@@ -9,24 +9,31 @@ namespace vistrel
 namespace
 {
 
-void sendMouse(ControlWidget& control, QEvent::Type type, Qt::MouseButton button)
+void sendMouse(ControlWidget& control, QPoint at, QEvent::Type type, Qt::MouseButton button)
 {
-    const QPoint middle = control.rect().center();
-    QWidget* child = control.childAt(middle);
+    QWidget* child = control.childAt(at);
     QWidget& target = child != nullptr ? *child : control;
-    const QPointF at = target.mapFrom(&control, middle);
-    QMouseEvent event(type, at, target.mapToGlobal(at), button, button, Qt::NoModifier);
+    const QPointF within = target.mapFrom(&control, at);
+    QMouseEvent event(type, within, target.mapToGlobal(within), button, button, Qt::NoModifier);
     QApplication::sendEvent(&target, &event);
 }
 
 } // namespace
 
-void hover(ControlWidget& control) { sendMouse(control, QEvent::MouseMove, Qt::NoButton); }
+void hover(ControlWidget& control)
+{
+    sendMouse(control, control.rect().center(), QEvent::MouseMove, Qt::NoButton);
+}
 
 void press(ControlWidget& control)
 {
     hover(control);
-    sendMouse(control, QEvent::MouseButtonPress, Qt::LeftButton);
+    pressAt(control, control.rect().center());
+}
+
+void pressAt(ControlWidget& control, QPoint at)
+{
+    sendMouse(control, at, QEvent::MouseButtonPress, Qt::LeftButton);
 }
 
 void focus(ControlWidget& control)

@@ -1,4 +1,7 @@
+#include "controls/check_button/coolradiobutton.h"
+#include "controls/combo_box/cool_combo.h"
 #include "controls/flat_button/f_button.h"
+#include "controls/slider/cpv_slider.h"
 #include "controls/text_line/text_line.h"
 #include "gallery/gallery_case.h"
 #include "gallery/gradient_view.h"
@@ -19,6 +22,15 @@ ControlWidget* make(QWidget* parent)
     return new Control(parent);
 }
 
+ControlWidget* makeFilledCombo(QWidget* parent)
+{
+    auto* combo = new coolCombo(parent);
+    for (const QString& item :
+         {u"PNG"_s, u"JPEG"_s, u"GIF"_s, u"BMP"_s, u"TIFF, the last and by far the longest"_s})
+        combo->AddItem(item);
+    return combo;
+}
+
 QVariant variant(const PropertyValue& value)
 {
     return std::visit([](const auto& held) { return QVariant::fromValue(held); }, value);
@@ -32,6 +44,9 @@ const QList<GalleryControl>& galleryControls()
         {u"clsGradient"_s, make<GradientView>, gradientCases()},
         {u"FButton"_s, make<FButton>, flatButtonCases()},
         {u"TextLine"_s, make<TextLine>, textLineCases()},
+        {u"Coolradiobutton"_s, make<Coolradiobutton>, checkButtonCases()},
+        {u"coolCombo"_s, makeFilledCombo, comboBoxCases()},
+        {u"cpvSlider"_s, make<cpvSlider>, sliderCases()},
     };
     return controls;
 }

@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPainter>
 #include <QSaveFile>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,27 @@ QString ratioMark()
     return ratio == 1 ? QString() : u"@%1x"_s.arg(ratio);
 }
 
+// The control with the windows that its pose has opened, on the form's colour.
+QImage withWindows(ControlWidget& control, const QWidget& form)
+{
+    const QPoint at = control.mapToGlobal(QPoint());
+    QList<std::pair<QRect, QPixmap>> shown = {{QRect(at, control.size()), control.grab()}};
+    QRect area = shown.first().first;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window == &form || !window->isVisible()) continue;
+        shown.append({window->geometry(), window->grab()});
+        area |= window->geometry();
+    }
+    QPixmap result(area.size() * qApp->devicePixelRatio());
+    result.setDevicePixelRatio(qApp->devicePixelRatio());
+    result.fill(form.palette().color(QPalette::Window));
+    QPainter painter(&result);
+    for (const auto& [place, pixmap] : shown)
+        painter.drawPixmap(place.topLeft() - area.topLeft(), pixmap);
+    painter.end();
+    return result.toImage();
+}
+
 QImage picture(const GalleryControl& control, const GalleryCase& shown)
 {
     QWidget form;
@@ -38,7 +60,7 @@ QImage picture(const GalleryControl& control, const GalleryCase& shown)
     QApplication::processEvents();
     if (shown.pose != nullptr) shown.pose(*widget);
     QApplication::processEvents();
-    return widget->grab().toImage();
+    return shown.opensWindow ? withWindows(*widget, form) : widget->grab().toImage();
 }
 
 QString text(const PropertyValue& value)

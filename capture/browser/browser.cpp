@@ -72,6 +72,7 @@ Result<void> Browser::launch(const BrowserOptions& options)
     if (!program) return program.error();
     if (!options.sandbox) qCWarning(logBrowser) << "the browser runs without its sandbox, as was asked for";
     m_account = browserAccount();
+    sweepScratchFolders();
     auto folder = ScratchFolder::create(m_account);
     if (!folder) return folder.error();
     m_folder = std::move(*folder);

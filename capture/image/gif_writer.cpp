@@ -1,6 +1,7 @@
 #include "capture/image/gif_writer.h"
 
 #include <QImage>
+#include <QImageReader>
 
 #include <cgif.h>
 
@@ -11,6 +12,9 @@ namespace vistrel
 
 namespace
 {
+
+constexpr int kAllocationLimitMiB =
+    1024; // Counted at 32 bits a pixel; the default refuses pages of 34 million pixels.
 
 int append(void* file, const uint8_t* data, const size_t count)
 {
@@ -42,6 +46,7 @@ uint8_t* bytes(QByteArray& array) { return reinterpret_cast<uint8_t*>(array.data
 
 Result<QByteArray> gifOfPalettePng(const QByteArray& png)
 {
+    QImageReader::setAllocationLimit(kAllocationLimitMiB);
     const QImage image = QImage::fromData(png, "PNG").convertToFormat(QImage::Format_Indexed8);
     if (image.isNull()) return Error{Error::Kind::Format, u"no picture with a palette"_s, u"writing a GIF"_s};
     QByteArray palette = paletteOf(image);

@@ -188,6 +188,7 @@ Task<Result<void>> PageRun::navigate(QUrl address)
 
 Result<void> PageRun::checkDocument() const
 {
+    if (m_watch->failure()) return *m_watch->failure();
     if (!m_watch->showsErrorPage()) return {};
     return Error{Error::Kind::Page, u"the browser shows an error page"_s, {}};
 }

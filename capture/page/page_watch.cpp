@@ -105,8 +105,9 @@ void PageWatch::countBytes(const QJsonObject& params)
 
 void PageWatch::giveUp(Error::Kind kind, const QString& why)
 {
+    m_failure = Error{kind, why, {}};
     // Later, since the flow that ends with the session drops this object.
-    const auto end = [&session = m_session, error = Error{kind, why, {}}] { session.end(error); };
+    const auto end = [&session = m_session, error = *m_failure] { session.end(error); };
     QMetaObject::invokeMethod(&m_session, end, Qt::QueuedConnection);
 }
 

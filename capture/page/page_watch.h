@@ -41,7 +41,8 @@ public:
     [[nodiscard]] const QUrl& address() const { return m_address; }
     /// Of the document; 0 while unknown or not from a server.
     [[nodiscard]] int httpStatus() const { return m_httpStatus; }
-    [[nodiscard]] int dialogs() const { return m_dialogs; }
+    /// Why the page was given up, as the session will soon end with; none while all is well.
+    [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
 
 Q_SIGNALS:
     /// One of the states above may have changed.
@@ -62,6 +63,7 @@ private:
     QUrl m_address;
     QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
     qint64 m_bytes = 0;
+    std::optional<Error> m_failure;
     int m_httpStatus = 0;
     int m_dialogs = 0;
     int m_navigations = 0;

@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr QByteArrayView kDataMember = R"(,"result":{"data":")";
-constexpr qsizetype kWorthTheShortcutBytes = 16 * 1024;
+constexpr qsizetype kFarthestMember = 64; // Where the data of a picture's reply has begun by.
 
 QString idKey() { return u"id"_s; }
 QString sessionKey() { return u"sessionId"_s; }
@@ -20,8 +20,8 @@ QString sessionKey() { return u"sessionId"_s; }
 /// the short rest is parsed as JSON; empty when bytes have another shape.
 QByteArray takeData(QByteArray& bytes)
 {
-    if (bytes.size() < kWorthTheShortcutBytes) return {};
-    const qsizetype member = QByteArrayView(bytes).first(64).indexOf(kDataMember);
+    const qsizetype member =
+        QByteArrayView(bytes).first(qMin(bytes.size(), kFarthestMember)).indexOf(kDataMember);
     if (member < 0) return {};
     const qsizetype start = member + kDataMember.size();
     const qsizetype end = bytes.indexOf('"', start);

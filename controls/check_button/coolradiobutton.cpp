@@ -25,7 +25,8 @@ constexpr qint16 leftButton = 1;
 
 } // namespace
 
-Coolradiobutton::Coolradiobutton(QWidget* parent) : ControlWidget(ScaleMode::Twips, parent), m_Timer1(new QTimer(this))
+Coolradiobutton::Coolradiobutton(QWidget* parent)
+    : ControlWidget(ScaleMode::Twips, parent), m_Timer1(new QTimer(this))
 {
     setFocusPolicy(Qt::StrongFocus);
     drawingSurface().setBackColor(m_BackColor);

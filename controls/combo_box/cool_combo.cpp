@@ -221,6 +221,7 @@ void coolCombo::reportLaidOut(const QString& property)
 void coolCombo::applyColors()
 {
     QPalette palette = classicPalette();
+    palette.setColor(QPalette::WindowText, frameColor.toQColor()); // Outlines the list.
     palette.setColor(QPalette::Base, m_BackColor.toQColor());
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         palette.setColor(group, QPalette::Text, m_ForeColor.toQColor());

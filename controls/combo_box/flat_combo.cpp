@@ -1,5 +1,6 @@
 #include "controls/combo_box/flat_combo.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QProxyStyle>
@@ -12,7 +13,7 @@ namespace vistrel
 namespace
 {
 
-constexpr int textMargin = 2;
+constexpr int textMargin = 3;
 
 class ListBelowFrame : public QProxyStyle
 {
@@ -23,6 +24,7 @@ public:
                   QStyleHintReturn* result) const override
     {
         if (hint == SH_ComboBox_Popup) return 0; // A list, not a menu over the box.
+        if (hint == SH_ComboBox_PopupFrameStyle) return static_cast<int>(QFrame::Box) | QFrame::Plain;
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
@@ -61,6 +63,7 @@ FlatCombo::FlatCombo(QWidget* parent) : QComboBox(parent)
     setStyle(style);
     setModel(new Items(*this));
     setFocusPolicy(Qt::StrongFocus);
+    view()->setTextElideMode(Qt::ElideRight);
 }
 
 void FlatCombo::showWithin(const QRect& frame, const QRect& field)

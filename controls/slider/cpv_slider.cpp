@@ -264,8 +264,8 @@ void cpvSlider::dragTo(float position)
 {
     if (parts().isOriented()) thumbPosition() = position < 0 ? 0 : std::min(position, parts().track());
     const qint16 value = ValueFromPosition();
-    const bool isInRange = value >= m_range.Min && value <= m_range.Max; // Not without a track.
-    if (isInRange) setValue(value);
+    // Without a track the value is 0, in the range or not.
+    if (value >= m_range.Min && value <= m_range.Max) setValue(value);
 }
 
 void cpvSlider::surfaceMouseUp(qint16 Button, qint16 Shift, float X, float Y)

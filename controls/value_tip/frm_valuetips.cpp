@@ -49,25 +49,25 @@ void frmValuetips::showValue(qint32 value, const TipAnchor& anchor)
     raise();
 }
 
-void frmValuetips::resizeEvent(QResizeEvent*)
-{
-    m_surface.resize(size(), devicePixelRatioF());
-    Form_Resize();
-}
+void frmValuetips::resizeEvent(QResizeEvent*) { Form_Resize(); }
 
 void frmValuetips::Form_Resize()
 {
     constexpr Color light = Color::system(SystemColor::Light3D);
     constexpr Color dark = Color::system(SystemColor::DarkShadow3D);
+    m_surface.resize(size(), devicePixelRatioF());
     const float width = m_surface.ScaleWidth(), height = m_surface.ScaleHeight();
     m_surface.clear();
     m_surface.drawLine(0, 0, width, 0, light);
     m_surface.drawLine(0, 0, 0, height, light);
     m_surface.drawLine(width - 1, 0, width - 1, height, dark);
     m_surface.drawLine(0, height - 1, width, height - 1, dark);
-    update();
 }
 
-void frmValuetips::paintEvent(QPaintEvent*) { QPainter(this).drawImage(QPointF(), m_surface.image()); }
+void frmValuetips::paintEvent(QPaintEvent*)
+{
+    if (m_surface.image().devicePixelRatio() != devicePixelRatioF()) Form_Resize(); // On another screen now.
+    QPainter(this).drawImage(QPointF(), m_surface.image());
+}
 
 } // namespace vistrel

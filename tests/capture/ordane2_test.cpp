@@ -1,35 +1,138 @@
 #include "capture/ordane2.h"
 
+#include "platform/runtime_error.h"
+
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-using namespace vistrel;
+#include <unistd.h>
 
-TEST(Ordane2, CapturesALocalPage)
+using namespace Qt::StringLiterals;
+
+namespace vistrel::test
 {
-    QTemporaryDir folder;
-    QFile page(folder.filePath(u"page.html"_s));
-    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
-    page.write("<!doctype html><body style='margin:0;height:3000px;background:#123456'>");
-    page.close();
-    Ordane2 component;
-    QList<int> progress;
-    component.setProgressHandler([&](int p) { progress << p; });
-    component.SetCaptureTimeout(20000);
-    component.CapturePage(page.fileName(), u"*"_s);
-    ASSERT_EQ(component.GetCaptureStatus(), 1);
-    for (const auto& f : {u"png"_s, u"jpg"_s, u"gif"_s, u"bmp"_s, u"tif"_s}) {
-        const auto bytes = component.GetImageBytes(u"*.."_s + f);
-        QFile out(u"/tmp/exp/ord."_s + f);
-        out.open(QIODevice::WriteOnly);
-        out.write(bytes);
-        QFile out2(u"/tmp/exp/ordt."_s + f);
-        out2.open(QIODevice::WriteOnly);
-        out2.write(component.GetThumbnailBytes(u"*.."_s + f, 200, 150, 0));
+namespace
+{
+
+class Ordane2Test : public testing::Test
+{
+protected:
+    QString page(const QString& name, const QByteArray& html)
+    {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(html);
+        return file.fileName();
     }
-    component.CapturePage(qEnvironmentVariable("PAGE"), u"*"_s);
+
+    static QStringList scratchFolders()
+    {
+        return QDir(QDir::tempPath()).entryList({u"vistrel-browser-%1-*"_s.arg(getpid())});
+    }
+
+    QTemporaryDir folder;
+};
+
+const QByteArray kMht =
+    "MIME-Version: 1.0\r\nContent-Type: multipart/related; boundary=\"B\"; type=\"text/html\"\r\n\r\n"
+    "--B\r\nContent-Type: text/html\r\nContent-Transfer-Encoding: quoted-printable\r\n"
+    "Content-Location: http://x.test/\r\n\r\n"
+    "<!doctype html><body style=3D\"margin:0;height:1500px\">saved\r\n--B--\r\n";
+
+TEST_F(Ordane2Test, KeepsOnePictureForEveryFormatUntilItIsReleased)
+{
+    Ordane2 component;
+    component.SetCaptureTimeout(20000);
+    EXPECT_NE(component.GetCaptureStatus(), 1);
+    EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..png"_s)), RuntimeError);
+    component.CapturePage(page(u"a.html"_s, "<!doctype html><body style='margin:0;height:1500px'>"), u"*"_s);
+    ASSERT_EQ(component.GetCaptureStatus(), 1);
+    EXPECT_TRUE(component.GetImageBytes(u"*..png"_s).startsWith("\x89PNG"));
+    EXPECT_TRUE(component.GetImageBytes(u"*..jpg"_s).startsWith("\xff\xd8"));
+    EXPECT_TRUE(component.GetThumbnailBytes(u"*..gif"_s, 50, 40, 0).startsWith("GIF8"));
+    EXPECT_TRUE(component.GetThumbnailBytes(u"*..bmp"_s, 50, 40, 0).startsWith("BM"));
+    EXPECT_TRUE(component.GetImageBytes(u"*..tif"_s).startsWith("II*"));
+    EXPECT_TRUE(component.GetThumbnailBytes(u"*..png"_s, 0, 40, 0).isEmpty());
+    EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..xyz"_s)), RuntimeError);
+    component.ReleaseImage();
+    EXPECT_NE(component.GetCaptureStatus(), 1);
+}
+
+TEST_F(Ordane2Test, WhatIsNoPageIsAStatusAndTheNextCaptureWorks)
+{
+    Ordane2 component;
+    component.SetCaptureTimeout(20000);
+    for (const QString& entry :
+         {u""_s, u"no address at all"_s, u"/no/such/file.html"_s, u"javascript:1"_s, u"\tx.test"_s}) {
+        component.CapturePage(entry, u"*"_s);
+        EXPECT_NE(component.GetCaptureStatus(), 1) << entry.toStdString();
+    }
+    component.CapturePage(page(u"saved.mht"_s, kMht), u"*"_s);
     EXPECT_EQ(component.GetCaptureStatus(), 1);
 }
+
+TEST_F(Ordane2Test, AnArchiveIsShownInFull)
+{
+    Ordane2 component;
+    component.CapturePage(page(u"saved.mht"_s, kMht), u"*"_s);
+    ASSERT_EQ(component.GetCaptureStatus(), 1);
+    const QByteArray bitmap = component.GetImageBytes(u"*..bmp"_s);
+    EXPECT_EQ(bitmap.size(), 54 + 1280 * 3 * 1500);
+}
+
+TEST_F(Ordane2Test, TheTimeoutAndTheDelayAreKept)
+{
+    Ordane2 component;
+    component.SetCaptureTimeout(1500);
+    QElapsedTimer clock;
+    clock.start();
+    component.CapturePage(page(u"endless.html"_s, "<script>for (;;);</script>"), u"*"_s);
+    EXPECT_NE(component.GetCaptureStatus(), 1);
+    EXPECT_LT(clock.elapsed(), 1500 + 5000);
+    component.SetCaptureTimeout(20000);
+    component.SetRenderDelay(1200);
+    clock.restart();
+    component.CapturePage(page(u"short.html"_s, "<p>hello"), u"*"_s);
+    EXPECT_EQ(component.GetCaptureStatus(), 1);
+    EXPECT_GE(clock.elapsed(), 1200);
+}
+
+TEST_F(Ordane2Test, ReleasedDuringACaptureItEndsAtOnce)
+{
+    const QString endless = page(u"endless.html"_s, "<script>for (;;);</script>");
+    for (const int after : {0, 100, 1500}) {
+        auto component = std::make_unique<Ordane2>();
+        component->SetCaptureTimeout(60000);
+        QElapsedTimer clock;
+        clock.start();
+        QTimer::singleShot(after, [&component] { component.reset(); });
+        component->CapturePage(endless, u"*"_s);
+        EXPECT_EQ(component, nullptr);
+        EXPECT_LT(clock.elapsed(), after + 3000) << after;
+        EXPECT_EQ(scratchFolders(), QStringList()) << after;
+    }
+}
+
+TEST_F(Ordane2Test, TheEventLoopTurnsAndProgressIsTold)
+{
+    Ordane2 component;
+    QList<int> steps;
+    component.setProgressHandler([&steps](qint32 percent) { steps += percent; });
+    int ticks = 0;
+    QTimer ticker;
+    QObject::connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
+    ticker.start(10);
+    component.SetRenderDelay(500);
+    component.CapturePage(page(u"short.html"_s, "<p>hello"), u"*"_s);
+    EXPECT_GT(ticks, 20);
+    EXPECT_EQ(steps.first(), 0);
+    EXPECT_EQ(steps.last(), 100);
+}
+
+} // namespace
+} // namespace vistrel::test

@@ -72,6 +72,7 @@ TEST(Message, PicturesComeAsBytesAndEverythingElseAsJson)
     EXPECT_EQ(large->sessionId, u"S");
     EXPECT_TRUE(large->reply.data == picture);
 
+    EXPECT_EQ(Message::parse("{\"id\":7,\"result\":{\"data\":\"YWJj\"}}")->reply.data, "abc");
     const QByteArray text(50000, 'y');
     const auto other = Message::parse("{\"id\":8,\"result\":{\"data\":\"" + text + "\",\"eof\":true}}");
     ASSERT_TRUE(other.ok());

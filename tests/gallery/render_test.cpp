@@ -58,6 +58,21 @@ TEST(RenderGallery, showsEachStateInItsOwnWay)
         EXPECT_NE(image(u"FButton-"_s + state), image(u"FButton-resting"_s)) << state.toStdString();
     EXPECT_EQ(image(u"FButton-disabled-by-form"_s), image(u"FButton-resting"_s));
     EXPECT_NE(image(u"TextLine-hover"_s), image(u"TextLine-flat"_s));
+    for (const QString& state : {u"-hover"_s, u"-pressed"_s, u"-disabled"_s, u"-checked"_s}) {
+        for (const QString& kind : {u"Coolradiobutton-square"_s, u"Coolradiobutton-round"_s})
+            EXPECT_NE(image(kind + state), image(kind)) << state.toStdString();
+    }
+    EXPECT_NE(image(u"coolCombo-focused"_s), image(u"coolCombo-selected"_s));
+}
+
+TEST(RenderGallery, showsTheWindowsThatAPoseOpens)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(renderGallery(folder.path()).ok());
+    const auto size = [&](const QString& name) { return QImage(folder.filePath(name + u".png"_s)).size(); };
+    EXPECT_GT(size(u"coolCombo-open"_s).height(), 3 * size(u"coolCombo-selected"_s).height());
+    EXPECT_GT(size(u"cpvSlider-dragged"_s).height(), size(u"cpvSlider-picture-rail"_s).height() + 10);
+    EXPECT_GT(size(u"cpvSlider-dragged-vertical"_s).width(), size(u"cpvSlider-new"_s).width() + 5);
 }
 
 TEST(RenderGallery, aFolderThatCannotBeMadeIsAnIoError)

@@ -1,5 +1,6 @@
 #include "controls/check_button/check_glyphs.h"
 #include "controls/check_button/check_layout.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

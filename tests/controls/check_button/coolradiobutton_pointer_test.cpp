@@ -1,5 +1,6 @@
 #include "controls/check_button/coolradiobutton.h"
 #include "tests/support/pointer.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

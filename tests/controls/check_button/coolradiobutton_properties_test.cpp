@@ -1,4 +1,5 @@
 #include "controls/check_button/coolradiobutton.h"
+#include "tests/support/printers.h"
 
 #include <QAccessible>
 

@@ -1,6 +1,7 @@
 #include "controls/slider/cpv_slider.h"
 #include "controls/value_tip/frm_valuetips.h"
 #include "tests/support/pointer.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

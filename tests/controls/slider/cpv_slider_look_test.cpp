@@ -1,4 +1,5 @@
 #include "controls/slider/cpv_slider.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "controls/slider/cpv_slider.h"
 #include "platform/runtime_error.h"
+#include "tests/support/printers.h"
 
 #include <QAccessible>
 

@@ -1,4 +1,5 @@
 #include "controls/slider/slider_geometry.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "controls/value_tip/frm_valuetips.h"
 #include "platform/drawing/text.h"
+#include "tests/support/printers.h"
 
 #include <QApplication>
 #include <QPointer>

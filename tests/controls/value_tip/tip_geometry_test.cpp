@@ -1,4 +1,5 @@
 #include "controls/value_tip/tip_geometry.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

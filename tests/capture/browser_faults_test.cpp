@@ -1,0 +1,119 @@
+#include "tests/capture/page_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+using namespace vistrel;
+
+namespace vistrel::test
+{
+namespace
+{
+
+/// Each test runs against a browser program of its own that misbehaves as its name says.
+class BrowserFaults : public testing::Test
+{
+protected:
+    /// The fake browser under the given name, where the browser's account can start it.
+    QString program(const QString& name)
+    {
+        const auto everyone =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        QFile::setPermissions(folder.path(), everyone);
+        const QString path = folder.filePath(name);
+        QFile::copy(QStringLiteral(FAKE_BROWSER), path);
+        QFile::setPermissions(path, everyone);
+        return path;
+    }
+
+    Result<std::shared_ptr<Browser>> start(const QString& name, std::chrono::milliseconds limit = 10s)
+    {
+        keeper = std::make_unique<BrowserKeeper>(BrowserOptions{program(name), true, limit});
+        return await(keeper->browser(limit));
+    }
+
+    Result<PageShot> captureWith(const QString& name, std::chrono::milliseconds timeout = 2s)
+    {
+        const auto browser = start(name);
+        if (!browser) return browser.error();
+        PageRequest request;
+        request.addresses = {QUrl(u"http://x.test/"_s)};
+        request.timeout = timeout;
+        return await(PageRun::create(*browser, request)->run());
+    }
+
+    /// Why it failed; empty for a success.
+    static std::string failure(const Result<PageShot>& shot)
+    {
+        return shot ? "" : shot.error().text().toStdString();
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<BrowserKeeper> keeper;
+};
+
+TEST_F(BrowserFaults, OneThatDoesNotStartIsQuotedWithTheRemedy)
+{
+    const auto unlinked = start(u"unlinked"_s);
+    ASSERT_FALSE(unlinked);
+    EXPECT_TRUE(unlinked.error().text().contains(u"libnss3.so"));
+    const auto unsafe = start(u"no-sandbox-here"_s);
+    ASSERT_FALSE(unsafe);
+    EXPECT_TRUE(unsafe.error().text().contains(u"user namespaces")) << unsafe.error().text().toStdString();
+    const auto silent = start(u"silent"_s, 300ms);
+    ASSERT_FALSE(silent);
+    EXPECT_TRUE(silent.error().text().contains(u"0.3 s")) << silent.error().text().toStdString();
+    const auto missing = await(BrowserKeeper({u"/no/such/browser"_s}).browser(1s));
+    ASSERT_FALSE(missing);
+    EXPECT_TRUE(missing.error().text().contains(u"/no/such/browser"));
+}
+
+TEST_F(BrowserFaults, OnlyATruePictureIsASuccess)
+{
+    EXPECT_EQ(failure(captureWith(u"good"_s)), "");
+    EXPECT_EQ(captureWith(u"empty-picture"_s).error().kind, Error::Kind::Format);
+    EXPECT_EQ(captureWith(u"wrong-size"_s).error().kind, Error::Kind::Format);
+    EXPECT_EQ(captureWith(u"crashing"_s).error().kind, Error::Kind::Page);
+    EXPECT_EQ(captureWith(u"hangs"_s, 500ms).error().kind, Error::Kind::Timeout);
+}
+
+TEST_F(BrowserFaults, OneThatBreaksOffIsFaulty)
+{
+    EXPECT_EQ(captureWith(u"torn"_s).error().kind, Error::Kind::Protocol);
+    EXPECT_FALSE((*await(keeper->browser(5s)))->product().isEmpty()) << "a new one is started";
+    EXPECT_EQ(captureWith(u"closing"_s).error().kind, Error::Kind::Closed);
+}
+
+TEST_F(BrowserFaults, LateRepliesAndAFloodOfErrorsDoNotDisturb)
+{
+    EXPECT_EQ(failure(captureWith(u"late"_s)), "");
+    EXPECT_EQ(failure(captureWith(u"chatty"_s, 20s)), "");
+}
+
+TEST_F(BrowserFaults, NothingIsLeftBehind)
+{
+    const auto left = [] {
+        return QDir(QDir::tempPath()).entryList({u"vistrel-browser-%1-*"_s.arg(getpid())});
+    };
+    ASSERT_TRUE(start(u"good"_s).ok());
+    EXPECT_EQ(left().size(), 1);
+    const auto browser = *await(keeper->browser(1s));
+    const QString process = u"/proc/%1"_s.arg(browser->processId());
+    EXPECT_TRUE(QFile::exists(process));
+    keeper->stop();
+    keeper.reset();
+    EXPECT_FALSE(browser->isUsable());
+}
+
+TEST_F(BrowserFaults, FoldersOfKilledRunsAreSwept)
+{
+    const QString stale = QDir::tempPath() + u"/vistrel-browser-999999999-1-abcdef"_s;
+    ASSERT_TRUE(QDir().mkpath(stale + u"/profile/deep"_s));
+    ASSERT_TRUE(start(u"good"_s).ok());
+    EXPECT_FALSE(QDir(stale).exists());
+    EXPECT_TRUE(QDir((*await(keeper->browser(1s)))->folder().path()).exists()) << "ours is in use";
+}
+
+} // namespace
+} // namespace vistrel::test
