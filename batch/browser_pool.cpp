@@ -1,5 +1,7 @@
 #include "batch/browser_pool.h"
 
+#include "capture/page/checked_browser.h"
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -40,7 +42,7 @@ Task<> BrowserPool::startBrowser()
     const auto browser = m_browser = Browser::create();
     m_starting = true;
     m_pages = 0;
-    const auto started = co_await browser->start(m_options);
+    const auto started = co_await startChecked(browser, m_options);
     m_starting = false;
     settleWaiters(started ? Result(browser) : Result<std::shared_ptr<Browser>>(started.error()));
 }

@@ -142,6 +142,10 @@ void OptionSet::definePages(Arguments& given)
         ->group(kPages);
     keep(m_app.add_flag("--no-script", given.noScript, "Do not run the pages' scripts"), &given.noScript)
         ->group(kPages);
+    keep(m_app.add_option("--confine", given.confinement, "Local pages see no file outside this folder"))
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory)
+        ->group(kPages);
 }
 
 void OptionSet::defineRun(Arguments& given)
