@@ -16,7 +16,10 @@ int main(int argc, char** argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("vistrel"));
     DesktopFileDialogs fileDialogs;
     DesktopMessageBoxes messageBoxes;
-    modMain start({fileDialogs, messageBoxes, hostFiles(), [] { return std::make_shared<Ordane2>(); }});
+    const PageCaptureFactory newOrdane2 = [](const QString& extension) {
+        return std::make_shared<Ordane2>(BrowserOptions{}, imageFormatOf(extension.mid(1)));
+    };
+    modMain start({fileDialogs, messageBoxes, hostFiles(), newOrdane2});
     start.Main(std::make_unique<DesktopShell>());
     return QApplication::exec();
 }

@@ -178,6 +178,9 @@ void OptionSet::defineProgram(Arguments& given)
                     "Write a line for every entry: JSON Lines, or CSV by its ending")
         ->type_name("FILE")
         ->group(kProgram);
+    m_app.add_option("--html", given.sheet, "Write a contact sheet: a page that shows every entry")
+        ->type_name("FILE")
+        ->group(kProgram);
     m_app.add_option("--browser", given.browser, "Chromium-family browser to use: a path or a name")
         ->type_name("PROGRAM")
         ->group(kProgram);

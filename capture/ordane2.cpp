@@ -1,7 +1,6 @@
 #include "capture/ordane2.h"
 
 #include "capture/browser_keeper.h"
-#include "capture/image/image_encoder.h"
 #include "capture/page/address.h"
 #include "capture/page/page_run.h"
 #include "platform/log.h"
@@ -39,7 +38,10 @@ QByteArray bytesOrThrow(Result<QByteArray> encoded)
 class Ordane2::Engine : public QObject, public std::enable_shared_from_this<Engine>
 {
 public:
-    explicit Engine(BrowserOptions options) : m_keeper(std::move(options)) {}
+    Engine(BrowserOptions options, std::optional<ImageFormat> intended)
+        : m_keeper(std::move(options)), m_intended(intended)
+    {
+    }
 
     void capture(const QString& entry)
     {
@@ -90,16 +92,24 @@ private:
         connect(m_run.get(), &PageRun::progress, this, [this](int percent) {
             if (m_progress) m_progress(percent);
         });
-        co_return co_await m_run->run();
+        auto shot = co_await m_run->run();
+        if (!shot || !m_intended) co_return shot;
+        const auto fits = checkFits(shot->picture.size(), *m_intended);
+        if (!fits) co_return fits.error();
+        co_return shot;
     }
 
     BrowserKeeper m_keeper;
+    std::optional<ImageFormat> m_intended;
     std::shared_ptr<PageRun> m_run; // While a capture is under way.
     QEventLoop* m_loop = nullptr;   // Likewise.
     PagePicture m_picture;
 };
 
-Ordane2::Ordane2(BrowserOptions options) : m_engine(std::make_shared<Engine>(std::move(options))) {}
+Ordane2::Ordane2(BrowserOptions options, std::optional<ImageFormat> intended)
+    : m_engine(std::make_shared<Engine>(std::move(options), intended))
+{
+}
 
 Ordane2::~Ordane2() { m_engine->giveUp(); }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/browser/browser_options.h"
+#include "capture/image/image_encoder.h"
 #include "convert/page_capture.h"
 
 #include <memory>
@@ -17,7 +18,9 @@ namespace vistrel
 class Ordane2 : public PageCapture
 {
 public:
-    explicit Ordane2(BrowserOptions options = {});
+    /// intended: the format that images will be fetched in, where it is known: the capture of a page that it
+    /// cannot hold then fails, instead of the fetching.
+    explicit Ordane2(BrowserOptions options = {}, std::optional<ImageFormat> intended = std::nullopt);
     /// Ends a capture that is under way.
     ~Ordane2() override;
 

@@ -75,7 +75,8 @@ void Converter::ConvertNow()
 {
     EntryList list = readEntryList(m_window.listText());
     if (list.count == 0) return RestoreControls();
-    m_snap.hold(m_newOrdane2(), [this](qint32 nPos) { snap_OnProgress(nPos); });
+    const QString intended = extensionForImageType(m_window.settings().ImageType());
+    m_snap.hold(m_newOrdane2(intended), [this](qint32 nPos) { snap_OnProgress(nPos); });
     configureComponent();
     const QString extension = extensionForImageType(m_window.settings().ImageType());
     convertEntries(list, extension);

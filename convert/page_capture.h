@@ -51,15 +51,12 @@ public:
 
     /// Called from inside CapturePage with the progress of the current page, 0 to 100 percent.
     using ProgressHandler = std::function<void(qint32 percent)>;
-    /// Subscribes the one listener; an empty handler ends the subscription. Never fails. The subscription
-    /// ends when the instance is given up: the last reference is dropped at once or, while CapturePage runs,
-    /// as soon as it returns. An empty handler during CapturePage thus means that nobody waits for its
-    /// picture any more.
+    /// Subscribes the one listener; an empty handler ends the subscription. Never fails.
     virtual void setProgressHandler(ProgressHandler handler) = 0;
 };
 
-/// Creates a component instance, never null; one is made per run. Throws RuntimeError (Automation) when it
-/// cannot.
-using PageCaptureFactory = std::function<std::shared_ptr<PageCapture>()>;
+/// Creates a component instance, never null; one is made per run. extension, ".png" or the like, is that of
+/// the files the run will fetch. Throws RuntimeError (Automation) when it cannot.
+using PageCaptureFactory = std::function<std::shared_ptr<PageCapture>(const QString& extension)>;
 
 } // namespace vistrel

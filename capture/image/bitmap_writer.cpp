@@ -23,6 +23,11 @@ void append(QByteArray& file, T value)
 
 } // namespace
 
+qint64 BitmapWriter::fileBytes(QSize size)
+{
+    return kFileHeaderBytes + kInfoHeaderBytes + rowBytes(size) * size.height();
+}
+
 BitmapWriter::BitmapWriter(QSize size) : m_size(size)
 {
     const qint64 pixels = rowBytes(size) * size.height();

@@ -13,6 +13,9 @@ class BitmapWriter
 public:
     explicit BitmapWriter(QSize size);
 
+    /// Length of the file for a picture of size.
+    [[nodiscard]] static qint64 fileBytes(QSize size);
+
     /// Adds the rows next above those added so far: count rows of width x 3 bytes, red, green, blue, the
     /// topmost first, without padding.
     void addRowsAbove(const uchar* rgb, int count);

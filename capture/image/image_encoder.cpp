@@ -21,6 +21,7 @@ namespace vistrel
 namespace
 {
 
+constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL;     // Its header has 32 bits for the length.
 constexpr qint64 kLargestGifFrame = 25LL * 1000 * 1000; // libvips refuses larger ones.
 constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
 
@@ -112,18 +113,6 @@ int longestSide(ImageFormat format)
     return 1000000; // libpng's default.
 }
 
-Result<void> checkSize(QSize size, ImageFormat format)
-{
-    const int side = std::max(size.width(), size.height());
-    if (side <= longestSide(format)) return {};
-    return Error{
-        Error::Kind::TooLarge,
-        u"a picture of %1 x %2 px does not fit the format, which ends at %3 px a side"_s.arg(size.width())
-            .arg(size.height())
-            .arg(longestSide(format)),
-        {}};
-}
-
 bool isStripAlready(const PagePicture& picture, ImageFormat format)
 {
     if (picture.strips().size() != 1) return false;
@@ -198,9 +187,19 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending)
     return found == formats.constEnd() ? std::nullopt : std::optional(*found);
 }
 
+Result<void> checkFits(QSize size, ImageFormat format)
+{
+    const int side = std::max(size.width(), size.height());
+    const bool small = format != ImageFormat::Bmp || BitmapWriter::fileBytes(size) <= kLargestBitmapFile;
+    if (side <= longestSide(format) && small) return {};
+    return Error{Error::Kind::TooLarge,
+                 u"the format cannot hold a picture of %1 x %2 px"_s.arg(size.width()).arg(size.height()),
+                 {}};
+}
+
 Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality)
 {
-    const auto fits = checkSize(picture.size(), format);
+    const auto fits = checkFits(picture.size(), format);
     if (!fits) return fits.error();
     if (isStripAlready(picture, format)) return picture.strips().front();
     return guarded([&]() -> Result<QByteArray> {
@@ -217,7 +216,7 @@ Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat forma
         return Error{Error::Kind::TooLarge,
                      u"a thumbnail of %1 x %2 px is too large"_s.arg(size.width()).arg(size.height()),
                      {}};
-    const auto fits = checkSize(size, format);
+    const auto fits = checkFits(size, format);
     if (!fits) return fits.error();
     return guarded([&] { return encode(shrink(picture, size), format, quality); });
 }

@@ -12,11 +12,14 @@ enum class ImageFormat { Png, Jpeg, Gif, Bmp, Tiff };
 /// By a file name's ending, without its dot and in any case: png, jpg, jpeg, gif, bmp, tif, tiff.
 std::optional<ImageFormat> imageFormatOf(const QString& ending);
 
+/// Error::Kind::TooLarge when format cannot hold a picture of size (JPEG and GIF: 65,500 and 65,535 px a
+/// side; BMP: 4 GiB in all).
+Result<void> checkFits(QSize size, ImageFormat format);
+
 /// The whole image file. PNG and TIFF are lossless, BMP has 24 bits, GIF 256 dithered colours; quality, 1 to
 /// 100, is for JPEG. A picture that already is one strip in the format asked for is handed out as it stands.
 ///
-/// Errors: TooLarge when the format cannot hold the picture (JPEG and GIF: 65,500 and 65,535 px a side),
-/// Format when a strip cannot be decoded. May be called on any thread.
+////// Errors: those of checkFits(), and Format when a strip cannot be decoded. May be called on any thread.
 Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality);
 
 /// A thumbnail of exactly size: the picture scaled to cover it, cropped from the top and the middle.

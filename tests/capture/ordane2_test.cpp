@@ -76,6 +76,17 @@ TEST_F(Ordane2Test, WhatIsNoPageIsAStatusAndTheNextCaptureWorks)
     EXPECT_EQ(component.GetCaptureStatus(), 1);
 }
 
+TEST_F(Ordane2Test, APageThatTheIntendedFormatCannotHoldIsAStatus)
+{
+    const QString tall = page(u"tall.html"_s, "<!doctype html><body style='margin:0;height:66000px'>");
+    Ordane2 jpeg({}, ImageFormat::Jpeg);
+    jpeg.CapturePage(tall, u"*"_s);
+    EXPECT_NE(jpeg.GetCaptureStatus(), 1);
+    Ordane2 tiff({}, ImageFormat::Tiff);
+    tiff.CapturePage(tall, u"*"_s);
+    EXPECT_EQ(tiff.GetCaptureStatus(), 1);
+}
+
 TEST_F(Ordane2Test, AnArchiveIsShownInFull)
 {
     Ordane2 component;

@@ -44,7 +44,7 @@ protected:
     MemoryFiles files;
     CaptureScript script;
     Converter converter{window, files, PathStyle::slash(),
-                        [this] { return std::make_shared<ScriptedCapture>(log, script); }};
+                        [this](const QString&) { return std::make_shared<ScriptedCapture>(log, script); }};
 };
 
 } // namespace vistrel::test
