@@ -78,7 +78,7 @@ protected:
     Program program{dialogs,
                     messages,
                     files,
-                    [this] { return std::make_shared<ScriptedCapture>(captureLog, script); },
+                    [this](const QString&) { return std::make_shared<ScriptedCapture>(captureLog, script); },
                     std::make_unique<FakeShell>(opened),
                     folder.path(QStringLiteral("Config.Ini"))};
     std::unique_ptr<frmMain> window;
