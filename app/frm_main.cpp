@@ -22,7 +22,7 @@ namespace
 {
 
 constexpr Qt::WindowFlags chromelessWindow = Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
-                                        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+                                             Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 enum Page { ConvertPage, OptionsPage };
 
 } // namespace

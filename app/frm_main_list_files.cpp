@@ -66,8 +66,7 @@ void MainListFiles::LoadList()
 void MainListFiles::SaveList()
 {
     QString path;
-    const OpenDialog dialog{
-        .filter = textFilter, .title = u"Select a file"_s, .defaultExtension = u".txt"_s};
+    const OpenDialog dialog{.filter = textFilter, .title = u"Select a file"_s, .defaultExtension = u".txt"_s};
     if (!m_run.ShowOpenDialog(path, dialog)) return;
     if (m_program.files.exists(path)) {
         if (!mayOverwrite()) return;
@@ -80,8 +79,7 @@ void MainListFiles::SaveList()
 bool MainListFiles::mayOverwrite()
 {
     using Button = MessageBoxes::Button;
-    const QString question =
-        u"The specified file already exists, do you wish to overwrite the file?"_s;
+    const QString question = u"The specified file already exists, do you wish to overwrite the file?"_s;
     return m_program.messageBoxes.question(&m_form, question, Button::No) == Button::Yes;
 }
 

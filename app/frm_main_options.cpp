@@ -131,18 +131,18 @@ void MainOptions::connectNumbers()
     onValidate(u"txtTimeOut"_s, [this] {
         validateSeconds(box(u"txtTimeOut"_s), {10, u"60"_s}, &clsConfig::setTimeOut);
     });
-    onValidate(u"txtThumWidth"_s, [this] {
-        validateSize(m_txtThumWidth, config().ThumWidth(), &clsConfig::setThumWidth);
-    });
-    onValidate(u"txtThumHeight"_s, [this] {
-        validateSize(m_txtThumHeight, config().ThumHeight(), &clsConfig::setThumHeight);
-    });
+    onValidate(u"txtThumWidth"_s,
+               [this] { validateSize(m_txtThumWidth, config().ThumWidth(), &clsConfig::setThumWidth); });
+    onValidate(u"txtThumHeight"_s,
+               [this] { validateSize(m_txtThumHeight, config().ThumHeight(), &clsConfig::setThumHeight); });
 }
 
 void MainOptions::connectButtons()
 {
-    QObject::connect(&m_txtOutputFolder, &TextLine::GotFocus, &m_form, [this] { txtOutputFolder_DblClick(); });
-    QObject::connect(&m_txtOutputFolder, &TextLine::DblClick, &m_form, [this] { txtOutputFolder_DblClick(); });
+    QObject::connect(&m_txtOutputFolder, &TextLine::GotFocus, &m_form,
+                     [this] { txtOutputFolder_DblClick(); });
+    QObject::connect(&m_txtOutputFolder, &TextLine::DblClick, &m_form,
+                     [this] { txtOutputFolder_DblClick(); });
     QObject::connect(&m_form.control<FButton>(u"fbOutpath"_s), &FButton::Click, &m_form,
                      [this] { fbOutpath_Click(); });
     QObject::connect(&m_form.control<FButton>(u"fbInternetOptions"_s), &FButton::Click, &m_form,

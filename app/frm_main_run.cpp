@@ -121,7 +121,10 @@ bool MainRun::askYesNo(const QString& question)
     return m_program.messageBoxes.question(&m_form, question, Button::Yes) == Button::Yes;
 }
 
-void MainRun::showInformation(const QString& message) { m_program.messageBoxes.information(&m_form, message); }
+void MainRun::showInformation(const QString& message)
+{
+    m_program.messageBoxes.information(&m_form, message);
+}
 
 void MainRun::openFolder(const QString& folder) { m_program.open(&m_form, folder); }
 

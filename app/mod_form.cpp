@@ -1,7 +1,8 @@
 #include "app/mod_form.h"
 
+#include "platform/forms/window_move.h"
+
 #include <QPainter>
-#include <QWindow>
 
 namespace vistrel
 {
@@ -17,8 +18,7 @@ void drawFormFrame(QPainter& painter, QSize size, Color color)
 
 void DragForm(QWidget& form)
 {
-    if (form.isMaximized()) return;
-    if (QWindow* window = form.windowHandle(); window != nullptr) window->startSystemMove();
+    if (!form.isMaximized()) startWindowMove(form);
 }
 
 } // namespace vistrel

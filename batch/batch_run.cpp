@@ -68,8 +68,10 @@ Task<ExitCode> BatchRun::run()
 Result<void> BatchRun::prepareFiles()
 {
     sweepTemporaryFiles(m_plan.outputFolder);
-    if (m_plan.reportFile.isEmpty()) return {};
-    return m_report.open(m_plan.reportFile);
+    Result<void> opened;
+    if (!m_plan.reportFile.isEmpty()) opened = m_report.open(m_plan.reportFile);
+    if (opened && !m_plan.sheetFile.isEmpty()) opened = m_sheet.open(m_plan.sheetFile);
+    return opened;
 }
 
 Task<Result<void>> BatchRun::fill()
@@ -164,10 +166,10 @@ void BatchRun::stop(ExitCode exitCode)
     if (m_stopped) return;
     m_stopped = exitCode;
     m_stopFilling = true;
+    m_queue.stop(); // First: what ends now must not let another entry start.
     const auto conversions = m_conversions;
     for (const auto& conversion : conversions)
         conversion->cancel();
-    m_queue.stop();
     m_browsers.stop();
 }
 
@@ -180,9 +182,11 @@ ExitCode BatchRun::tell()
         summary.add(entry, outcome);
         allConverted = allConverted && outcome.state == EntryState::Converted;
         if (!m_plan.reportFile.isEmpty()) m_report.add(entry, outcome);
+        if (!m_plan.sheetFile.isEmpty()) m_sheet.add(entry, outcome);
     });
     const auto reported = m_plan.reportFile.isEmpty() ? Result<void>() : m_report.close();
-    for (const Result<void>& step : {told, reported}) {
+    const auto shown = m_plan.sheetFile.isEmpty() ? Result<void>() : m_sheet.close();
+    for (const Result<void>& step : {told, reported, shown}) {
         if (!step) m_progress.message(u"vistrel-batch: "_s + step.error().text());
     }
     for (const QString& line : summary.lines(m_progress.elapsedMilliseconds()))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/browser_pool.h"
+#include "batch/contact_sheet.h"
 #include "batch/entry_conversion.h"
 #include "batch/entry_queue.h"
 #include "batch/exit_code.h"
@@ -50,6 +51,7 @@ private:
     BrowserPool m_browsers;
     QThreadPool m_writers;
     ReportFile m_report;
+    ContactSheet m_sheet;
     QList<std::shared_ptr<EntryConversion>> m_conversions; // Those under way.
     std::optional<ExitCode> m_stopped;
     std::atomic<bool> m_stopFilling = false;

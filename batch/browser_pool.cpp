@@ -1,5 +1,7 @@
 #include "batch/browser_pool.h"
 
+#include "capture/page/checked_browser.h"
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -10,7 +12,15 @@ namespace
 
 Error stopped() { return {Error::Kind::Cancelled, u"the run was ended"_s, {}}; }
 
+constexpr auto kSweepInterval = std::chrono::milliseconds(200);
+
 } // namespace
+
+BrowserPool::BrowserPool(BrowserOptions options) : m_options(std::move(options))
+{
+    m_sweep.setInterval(kSweepInterval);
+    connect(&m_sweep, &QTimer::timeout, this, &BrowserPool::dropIdle);
+}
 
 Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
 {
@@ -23,7 +33,7 @@ Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
         if (!started) co_return started.error();
     }
     ++m_pages;
-    co_return m_browser;
+    co_return Result(m_browser); // A copy: the task would move the member out.
 }
 
 Task<> BrowserPool::startBrowser()
@@ -32,15 +42,23 @@ Task<> BrowserPool::startBrowser()
     const auto browser = m_browser = Browser::create();
     m_starting = true;
     m_pages = 0;
-    const auto started = co_await browser->start(m_options);
+    const auto started = co_await startChecked(browser, m_options);
     m_starting = false;
     settleWaiters(started ? Result(browser) : Result<std::shared_ptr<Browser>>(started.error()));
 }
 
 void BrowserPool::retire()
 {
-    m_retired.removeIf([](const std::weak_ptr<Browser>& browser) { return browser.expired(); });
-    if (m_browser) m_retired.append(m_browser);
+    if (!m_browser) return;
+    m_retired.append(std::exchange(m_browser, nullptr));
+    m_sweep.start();
+}
+
+/// Ends the retired browsers in which no page is left.
+void BrowserPool::dropIdle()
+{
+    m_retired.removeIf([](const std::shared_ptr<Browser>& browser) { return browser.use_count() == 1; });
+    if (m_retired.isEmpty()) m_sweep.stop();
 }
 
 void BrowserPool::settleWaiters(const Result<std::shared_ptr<Browser>>& result)
@@ -53,12 +71,10 @@ void BrowserPool::settleWaiters(const Result<std::shared_ptr<Browser>>& result)
 void BrowserPool::stop()
 {
     m_stopped = true;
-    QList<std::shared_ptr<Browser>> browsers{std::exchange(m_browser, nullptr)};
-    for (const auto& retired : std::as_const(m_retired))
-        browsers.append(retired.lock());
-    for (const auto& browser : browsers) {
-        if (browser) browser->kill(stopped());
-    }
+    retire();
+    const auto browsers = m_retired;
+    for (const auto& browser : browsers)
+        browser->kill(stopped());
 }
 
 } // namespace vistrel

@@ -3,41 +3,47 @@
 #include "capture/browser/browser.h"
 
 #include <QList>
+#include <QObject>
+#include <QTimer>
 
 namespace vistrel
 {
 
 /// The browser that a run's pages are opened in. One that became faulty, or had its share of pages, gives way
-/// to a fresh one; pages under way stay in the old one, which ends with the last of them.
-class BrowserPool
+/// to a fresh one; pages under way stay in the old one.
+///
+/// The pool's reference to a browser is the last one to go, and it goes from the event loop: pages let go of
+/// their browser inside its own signals, where it must not be destroyed.
+class BrowserPool : public QObject
 {
+    Q_OBJECT
 public:
     /// A browser's memory grows with the pages that it has shown.
     static constexpr int kPagesPerBrowser = 100;
 
-    explicit BrowserPool(BrowserOptions options) : m_options(std::move(options)) {}
-    BrowserPool(const BrowserPool&) = delete;
-    BrowserPool& operator=(const BrowserPool&) = delete;
-    /// Kills the browser. No task may be waiting any more.
-    ~BrowserPool() { stop(); }
+    explicit BrowserPool(BrowserOptions options);
+    /// Ends the browsers. Not inside a signal of one of them; no task may be waiting any more.
+    ~BrowserPool() override { stop(); }
 
     /// The browser to open the next page in, started when there is none; those who ask meanwhile wait for the
     /// same start. Fails as Browser::start does, or with Error::Kind::Cancelled after stop().
     Task<Result<std::shared_ptr<Browser>>> browser();
 
-    /// Kills the browsers; whatever waits for them ends with Error::Kind::Cancelled.
+    /// Kills the browsers' processes; whatever waits for them ends with Error::Kind::Cancelled.
     void stop();
 
 private:
     using Waiter = Completion<std::shared_ptr<Browser>>;
     Task<> startBrowser();
     void retire();
+    void dropIdle();
     void settleWaiters(const Result<std::shared_ptr<Browser>>& result);
 
     BrowserOptions m_options;
-    std::shared_ptr<Browser> m_browser;      // The one for new pages; may be starting.
-    QList<std::weak_ptr<Browser>> m_retired; // Still showing pages, perhaps.
-    QList<Waiter> m_waiters;                 // While m_browser is starting.
+    std::shared_ptr<Browser> m_browser;        // The one for new pages; may be starting.
+    QList<std::shared_ptr<Browser>> m_retired; // Still showing pages, perhaps.
+    QList<Waiter> m_waiters;                   // While m_browser is starting.
+    QTimer m_sweep;                            // While there is a retired one.
     bool m_starting = false;
     bool m_stopped = false;
     int m_pages = 0; // Opened in m_browser.

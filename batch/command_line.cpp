@@ -92,6 +92,7 @@ void fillPages(Plan& plan, const Arguments& given)
     plan.page.timeout = millisecondsOf(given.timeout);
     plan.page.delay = millisecondsOf(given.delay);
     plan.page.allowScript = !given.noScript;
+    plan.page.confinement = QString::fromStdString(given.confinement);
     plan.page.encoding = jpegAlone ? PagePicture::Encoding::Jpeg : PagePicture::Encoding::Png;
     plan.page.jpegQuality = given.quality;
 }

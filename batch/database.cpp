@@ -10,6 +10,9 @@ namespace vistrel
 namespace
 {
 
+const char* const kWriteAhead = "PRAGMA journal_mode = WAL";
+const char* const kSynchronous = "PRAGMA synchronous = FULL";
+
 void bind(sqlite3_stmt* statement, int position, const QVariant& value)
 {
     if (!value.isValid()) {
@@ -46,8 +49,20 @@ Result<std::unique_ptr<Database>> Database::open(const QString& path)
 Result<void> Database::setUp()
 {
     sqlite3_extended_result_codes(m_handle, 1);
-    for (const char* sql : {"PRAGMA locking_mode = EXCLUSIVE", "PRAGMA journal_mode = WAL",
-                            "PRAGMA synchronous = FULL", "BEGIN IMMEDIATE", "COMMIT"}) {
+    return runAll({"PRAGMA locking_mode = EXCLUSIVE", "PRAGMA cache_size = -16384", kWriteAhead, kSynchronous,
+                   "BEGIN IMMEDIATE", "COMMIT"});
+}
+
+Result<void> Database::setFast(bool fast)
+{
+    if (fast) return runAll({"PRAGMA journal_mode = OFF", "PRAGMA synchronous = OFF"});
+    // Only a checkpoint with something in it brings the file itself to the disk.
+    return runAll({kWriteAhead, kSynchronous, "PRAGMA user_version = 1", "PRAGMA wal_checkpoint(TRUNCATE)"});
+}
+
+Result<void> Database::runAll(std::initializer_list<const char*> statements)
+{
+    for (const char* sql : statements) {
         const auto done = run(sql);
         if (!done) return done.error();
     }

@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 
 struct sqlite3;
@@ -40,6 +41,10 @@ public:
         sqlite3_stmt* m_statement;
     };
 
+    /// Fast: changes are neither safe from a crash nor can they be taken back; for a file that is worth
+    /// nothing until it is complete. Safe again: all that was changed is on the disk when this returns.
+    Result<void> setFast(bool fast);
+
     /// Runs one statement. values fill its "?" in order: integers, texts, an invalid QVariant for NULL. sql
     /// is a literal: it is kept ready under its address. Error::Kind::Io, TooLarge when the disk is full.
     Result<void> run(const char* sql, const QVariantList& values = {});
@@ -55,6 +60,7 @@ public:
 private:
     Database() = default;
     Result<void> setUp();
+    Result<void> runAll(std::initializer_list<const char*> statements);
     Result<sqlite3_stmt*> prepared(const char* sql);
     [[nodiscard]] Error lastError() const;
 

@@ -93,7 +93,7 @@ Task<Attempt> EntryConversion::run(std::shared_ptr<Browser> browser)
 Attempt EntryConversion::failure(const Error& error, bool browserLost) const
 {
     Attempt attempt{Outcome::failed(error.text())};
-    if (m_cancelled)
+    if (m_cancelled || error.kind == Error::Kind::Cancelled)
         attempt.trouble = Trouble::Cancelled;
     else if (error.kind == Error::Kind::Closed && browserLost)
         attempt.trouble = Trouble::LostBrowser;

@@ -2,8 +2,6 @@
 
 #include "platform/machine.h"
 
-#include <QTimer>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -26,12 +24,16 @@ EntryQueue::EntryQueue(Journal& journal, HostLimits limits, qint64 memoryReserve
     : m_journal(journal), m_limits(std::move(limits)), m_memoryReserve(memoryReserve)
 {
     m_clock.start();
+    m_lookAgain.setSingleShot(true);
+    m_lookAgain.setInterval(kLookAgain);
+    connect(&m_lookAgain, &QTimer::timeout, this, &EntryQueue::wakeAll);
 }
 
-Task<Result<std::optional<PendingEntry>>> EntryQueue::take()
+Task<EntryQueue::Taken> EntryQueue::take()
 {
     while (!m_stopped) {
-        if (auto entry = pick()) co_return entry;
+        Taken taken = pick();
+        if (*taken) co_return taken;
         if (!m_exhausted && m_waiting.size() < kMostWaiting) {
             const auto read = readMore();
             if (!read) co_return read.error();
@@ -39,11 +41,12 @@ Task<Result<std::optional<PendingEntry>>> EntryQueue::take()
         }
         if (isDone()) break;
         const Completion<void> waiter = m_waiters.emplaceBack();
-        QTimer::singleShot(kLookAgain, this, &EntryQueue::wakeAll);
+        if (!m_lookAgain.isActive()) m_lookAgain.start();
         const auto woken = co_await waiter;
         if (!woken) co_return woken.error();
     }
-    co_return std::optional<PendingEntry>();
+    const Taken none = std::optional<PendingEntry>();
+    co_return none;
 }
 
 Result<void> EntryQueue::readMore()

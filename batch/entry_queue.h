@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 namespace vistrel
 {
@@ -18,6 +19,7 @@ class EntryQueue : public QObject
     Q_OBJECT
 public:
     using Time = HostLimits::Time;
+    using Taken = Result<std::optional<PendingEntry>>;
 
     /// journal must outlive this object. Work is held back while less than this much memory (bytes) is
     /// available; 0: never.
@@ -25,7 +27,7 @@ public:
 
     /// The next entry to work on; waits for one while others are under way that may come back. Nothing when
     /// all is done, or after stop(). Error::Kind::Io when the journal cannot be read.
-    Task<Result<std::optional<PendingEntry>>> take();
+    Task<Taken> take();
 
     /// The entry that take() gave is dealt with.
     void release(const PendingEntry& entry);
@@ -54,6 +56,7 @@ private:
     QList<PendingEntry> m_waiting; // Read from the journal, in list order.
     QList<Delayed> m_delayed;      // Put back.
     QList<Completion<void>> m_waiters;
+    QTimer m_lookAgain;    // Wakes the waiters when nothing else does.
     qint64 m_lastRead = 0; // Number of the last entry read.
     int m_running = 0;     // Given out and not released.
     bool m_exhausted = false;

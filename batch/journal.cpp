@@ -85,7 +85,8 @@ Result<std::unique_ptr<Journal>> Journal::create(const QString& folder, const Op
     if (QFileInfo::exists(path)) {
         auto earlier = openFile(path);
         if (!earlier && earlier.error().kind == Error::Kind::Closed) return earlier.error();
-        const auto tally = earlier ? (*earlier)->tally() : Result<Tally>(Tally());
+        const auto filled = earlier ? (*earlier)->isFilled() : Result<bool>(false);
+        const auto tally = filled && *filled ? (*earlier)->tally() : Result<Tally>(Tally());
         if (earlier) earlier->reset();
         if (tally && tally->pending > 0) {
             removeWithCompanions(QDir(folder).filePath(kEarlierName));
@@ -114,7 +115,8 @@ Result<std::unique_ptr<Journal>> Journal::open(const QString& folder)
 
 Result<void> Journal::setUp(const OptionValues& options)
 {
-    auto done = run("BEGIN");
+    auto done = m_database->setFast(true);
+    if (done) done = run("BEGIN");
     for (const char* sql : kTables) {
         if (done) done = run(sql);
     }
@@ -126,11 +128,12 @@ Result<void> Journal::setUp(const OptionValues& options)
     return done ? run("COMMIT") : done;
 }
 
+/// The version is set when the file is made safe after its filling, and not before.
 Result<bool> Journal::isFilled()
 {
     bool filled = false;
     const QMutexLocker lock(&m_mutex);
-    const auto asked = m_database->query("SELECT count(*) FROM entry", {},
+    const auto asked = m_database->query("PRAGMA user_version", {},
                                          [&](const Database::Row& row) { filled = row.integer(0) > 0; });
     if (!asked) return asked.error();
     return filled;
@@ -162,7 +165,13 @@ Result<void> Journal::add(const Entry& entry, const QString& name)
                {entry.number, entry.line, entry.list, entry.text, entry.target, entry.problem, name});
 }
 
-Result<void> Journal::endFilling() { return run("COMMIT"); }
+Result<void> Journal::endFilling()
+{
+    const auto done = run("COMMIT");
+    if (!done) return done;
+    const QMutexLocker lock(&m_mutex);
+    return m_database->setFast(false);
+}
 
 Result<bool> Journal::claim(const QString& key)
 {
@@ -251,13 +260,11 @@ Result<Tally> Journal::tally()
 {
     Tally tally;
     const QMutexLocker lock(&m_mutex);
-    const auto asked = m_database->query("SELECT state, count(*) FROM entry GROUP BY state", {},
+    const auto asked = m_database->query("SELECT total(state = 2), total(state = 3), count(*) FROM entry", {},
                                          [&](const Database::Row& row) {
-                                             switch (row.integer(0)) {
-                                             case kConverted: tally.converted = row.integer(1); break;
-                                             case kFailed: tally.failed = row.integer(1); break;
-                                             default: tally.pending += row.integer(1);
-                                             }
+                                             tally.converted = row.integer(0);
+                                             tally.failed = row.integer(1);
+                                             tally.pending = row.integer(2) - tally.converted - tally.failed;
                                          });
     if (!asked) return asked.error();
     return tally;

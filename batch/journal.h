@@ -49,7 +49,7 @@ public:
     /// The options that the run was started with.
     [[nodiscard]] Result<OptionValues> options();
 
-    // ---- Filling, inside one transaction: after a cut in between, there is no journal ----
+    // ---- Filling: after a cut in between, there is no run to go on with ----
     Result<void> beginFilling();
     Result<void> add(const Entry& entry, const QString& name);
     Result<void> endFilling();

@@ -142,6 +142,10 @@ void OptionSet::definePages(Arguments& given)
         ->group(kPages);
     keep(m_app.add_flag("--no-script", given.noScript, "Do not run the pages' scripts"), &given.noScript)
         ->group(kPages);
+    keep(m_app.add_option("--confine", given.confinement, "Local pages see no file outside this folder"))
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory)
+        ->group(kPages);
 }
 
 void OptionSet::defineRun(Arguments& given)
@@ -176,6 +180,9 @@ void OptionSet::defineProgram(Arguments& given)
     m_app
         .add_option("--report", given.report,
                     "Write a line for every entry: JSON Lines, or CSV by its ending")
+        ->type_name("FILE")
+        ->group(kProgram);
+    m_app.add_option("--html", given.sheet, "Write a contact sheet: a page that shows every entry")
         ->type_name("FILE")
         ->group(kProgram);
     m_app.add_option("--browser", given.browser, "Chromium-family browser to use: a path or a name")

@@ -20,6 +20,7 @@ struct Arguments {
     double delay = 0;
     double timeout = 30;
     bool noScript = false;
+    std::string confinement;
     std::string config;
     std::string jobs = "auto";
     int perHost = 0;

@@ -1,5 +1,7 @@
 #include "capture/browser_keeper.h"
 
+#include "capture/page/checked_browser.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -13,7 +15,7 @@ Task<Result<std::shared_ptr<Browser>>> BrowserKeeper::browser(std::chrono::milli
     const auto browser = m_browser = Browser::create();
     BrowserOptions options = m_options;
     options.startLimit = std::min(options.startLimit, startLimit);
-    const auto started = co_await browser->start(options);
+    const auto started = co_await startChecked(browser, options);
     if (!started) co_return started.error();
     co_return browser;
 }

@@ -63,7 +63,7 @@ LocalFiles::LocalFiles(Session& session, std::optional<Account> account, const Q
     : m_session(session), m_account(account)
 {
     if (!confinement.isEmpty()) m_confinement = QFileInfo(confinement).canonicalFilePath() + u'/';
-    connect(&session, &Session::event, this, [this](const QString& method, const QJsonObject& params) {
+    connect(&session, &Session::received, this, [this](const QString& method, const QJsonObject& params) {
         if (method == u"Fetch.requestPaused") answer(params);
     });
     session.post(u"Fetch.enable"_s,

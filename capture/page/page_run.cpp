@@ -212,9 +212,12 @@ Task<Result<void>> PageRun::settle()
         const QString document = m_watch->loaderId();
         const auto growth = co_await settlePage(m_session, m_watch->mainFrame());
         if (!m_session->isOpen()) co_return growth.error();
-        co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
-                                  u"the page's requests"_s);
-        if (growth && *growth > 0) co_await resize(m_request.viewport + QSize(0, *growth));
+        const auto quiet = co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
+                                                     u"the page's requests"_s);
+        if (!m_session->isOpen()) co_return quiet.error();
+        const int hidden = growth ? *growth : 0;
+        const auto grown = co_await resize(m_request.viewport + QSize(0, hidden));
+        if (!grown) co_return grown.error();
         if (m_watch->loaderId() == document && !m_watch->isLeaving()) {
             if (!growth) warn(u"the page did not come to rest: "_s + growth.error().message);
             co_return Result<void>();
@@ -245,7 +248,9 @@ Task<Result<PagePicture>> PageRun::shootOnce()
 {
     const auto area = co_await measurePage(m_session, m_request.viewport, m_browser->longestSide());
     if (!area) co_return area.error();
-    const ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide()};
+    ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide()};
+    if (stripRows(*area, settings) < area->height())
+        settings.encoding = PagePicture::Encoding::Png; // Strips are joined and encoded anew: once is enough.
     co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {
         report(kReady + (kDone - 1 - kReady) * rows / height);
     });

@@ -11,7 +11,7 @@ namespace vistrel
 
 PageWatch::PageWatch(Session& session) : m_session(session)
 {
-    connect(&session, &Session::event, this, &PageWatch::take);
+    connect(&session, &Session::received, this, &PageWatch::take);
 }
 
 void PageWatch::expectDocument(const QString& frameId, const QString& loaderId)

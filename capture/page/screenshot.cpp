@@ -17,11 +17,6 @@ Session::Limit drawingLimit(QSize size)
     return std::chrono::seconds(15 + qint64(size.width()) * size.height() / 1000000);
 }
 
-int stripRows(QRect area, const ShotSettings& settings)
-{
-    return int(std::clamp(kMostStripPixels / area.width(), qint64(1), qint64(settings.longestSide)));
-}
-
 QJsonObject stripParams(QRect strip, const ShotSettings& settings)
 {
     const QJsonObject clip{{u"x"_s, strip.x()},
@@ -50,6 +45,11 @@ QRect contentArea(const QJsonObject& content, QSize viewport)
 }
 
 } // namespace
+
+int stripRows(QRect area, const ShotSettings& settings)
+{
+    return int(std::clamp(kMostStripPixels / area.width(), qint64(1), qint64(settings.longestSide)));
+}
 
 Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide)
 {

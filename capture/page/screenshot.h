@@ -27,6 +27,9 @@ struct ShotSettings {
     int longestSide = 16384; ///< Pixels that the browser draws right in one piece.
 };
 
+/// How many rows of area are taken in one piece.
+int stripRows(QRect area, const ShotSettings& settings);
+
 /// Takes area, strip by strip from the top. progress is called after each strip with the rows done so far.
 Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area, ShotSettings settings,
                                       std::function<void(int rows)> progress);

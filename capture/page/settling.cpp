@@ -81,7 +81,8 @@ Task<Result<void>> scrollThrough(PageWorld world)
          top += window) {
         seen = co_await world.evaluate(scrollScript(top));
         if (!seen) co_return seen.error();
-        co_await world.session()->pause(kFrame);
+        const auto paused = co_await world.session()->pause(kFrame);
+        if (!paused) co_return paused.error();
     }
     const auto back = co_await world.evaluate(scrollScript(0));
     if (!back) co_return back.error();
@@ -95,7 +96,8 @@ Task<Result<void>> waitForRest(PageWorld world)
         const auto restless = co_await world.evaluate(restlessScript());
         if (!restless) co_return restless.error();
         if (!restless->toBool()) break;
-        co_await world.session()->pause(kFrame);
+        const auto paused = co_await world.session()->pause(kFrame);
+        if (!paused) co_return paused.error();
     }
     co_return Result<void>();
 }

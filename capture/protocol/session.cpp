@@ -94,7 +94,7 @@ void Session::settleAll(const Error& reason)
 void Session::receive(const Message& message)
 {
     if (message.id == 0) {
-        Q_EMIT event(message.method, message.params);
+        Q_EMIT received(message.method, message.params);
         testConditions();
     } else if (m_calls.contains(message.id)) {
         const auto reply = m_calls.take(message.id);

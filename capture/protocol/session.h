@@ -42,7 +42,7 @@ public:
     void post(const QString& method, const QJsonObject& params = {});
 
     /// Waits until condition holds; it is tested at once and after each event of this session (by then the
-    /// listeners of event() have run). Error::Kind::Timeout after limit, with what in its message.
+    /// listeners of received() have run). Error::Kind::Timeout after limit, with what in its message.
     Completion<void> until(std::function<bool()> condition, Limit limit, const QString& what);
 
     /// Waits for a time; fails only when the session ends first.
@@ -53,7 +53,8 @@ public:
     void end(const Error& reason);
 
 Q_SIGNALS:
-    void event(const QString& method, const QJsonObject& params);
+    /// An event of the target.
+    void received(const QString& method, const QJsonObject& params);
 
 private:
     friend class Connection;

@@ -36,7 +36,9 @@ frmValuetips::frmValuetips(QWidget& slider)
     m_lblTip->setObjectName(u"lblTip"_s);
     m_lblTip->move(1, 1);
     m_lblTip->setFont(Font{}.toQFont());
-    m_lblTip->setPalette(classicPalette());
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, Color::system(SystemColor::WindowText).toQColor());
+    m_lblTip->setPalette(palette);
 }
 
 void frmValuetips::showValue(qint32 value, const TipAnchor& anchor)

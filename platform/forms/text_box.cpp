@@ -22,14 +22,15 @@ QString withSingleBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s)
 /// The edit field's text, blanks of every kind as they were typed.
 QString rawText(const QPlainTextEdit& edit)
 {
-    return edit.document()->toRawText().replace(QChar::ParagraphSeparator, u'\n').replace(
-        QChar::LineSeparator, u'\n');
+    return edit.document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
 }
 
 } // namespace
 
-TextBox::TextBox(QWidget* parent)
-    : ControlWidget(ScaleMode::Pixels, parent), m_txtText(new ListEdit(this))
+TextBox::TextBox(QWidget* parent) : ControlWidget(ScaleMode::Pixels, parent), m_txtText(new ListEdit(this))
 {
     m_txtText->setObjectName(u"txtText"_s);
     setFocusProxy(m_txtText);

@@ -1,6 +1,7 @@
 #include "platform/process/byte_pipe.h"
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -25,6 +26,9 @@ void closeDescriptor(int& descriptor)
     descriptor = -1;
 }
 
+/// A pipe whose reader is gone is an error to be told, not a signal to die of.
+void ignoreBrokenPipes() { [[maybe_unused]] static const auto previous = ::signal(SIGPIPE, SIG_IGN); }
+
 bool isTemporary(int error) { return error == EAGAIN || error == EINTR; }
 
 } // namespace
@@ -36,6 +40,7 @@ BytePipe::BytePipe(int readDescriptor, int writeDescriptor, QObject* parent)
       m_readable(readDescriptor, QSocketNotifier::Read),
       m_writable(writeDescriptor, QSocketNotifier::Write)
 {
+    ignoreBrokenPipes();
     prepare(readDescriptor);
     prepare(writeDescriptor);
     m_writable.setEnabled(false);

@@ -11,7 +11,7 @@ build_packages=(cmake ninja-build g++ pkg-config
 run_packages=('chromium-headless-shell|chromium'
     fonts-dejavu-core fonts-hosny-amiri fonts-noto-cjk fonts-noto-color-emoji)
 
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtiff-dev zlib1g-dev procps
+test_packages=(git libgtest-dev libgmock-dev libbenchmark-dev libtiff-dev zlib1g-dev procps
     clang-format clang-tidy-16 xvfb openbox xdotool python3)
 
 is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed* ]]; }

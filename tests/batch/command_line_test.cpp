@@ -37,8 +37,8 @@ TEST(CommandLine, EveryOptionReachesThePlan)
     EXPECT_EQ(plan.lists, (QStringList{u"a.txt"_s, u"-"_s}));
     EXPECT_EQ(plan.addresses, (QStringList{u"http://x/"_s, u"y.example"_s}));
     EXPECT_EQ(plan.outputFolder, u"out"_s);
-    EXPECT_EQ(plan.format, ImageFormat::Jpeg);
-    EXPECT_EQ(plan.naming, Naming::Number);
+    EXPECT_EQ(plan.formats, QList{ImageFormat::Jpeg});
+    EXPECT_EQ(plan.naming, u"number"_s);
     EXPECT_EQ(plan.jpegQuality, 55);
     EXPECT_EQ(plan.thumbnail, QSize(200, 150));
     EXPECT_EQ(plan.page.delay, std::chrono::milliseconds(1500));
@@ -71,6 +71,12 @@ TEST(CommandLine, WhatMakesNoSenseIsRefused)
                                       {u"a.txt"_s, u"--delay"_s, u"-1"_s},
                                       {u"a.txt"_s, u"--timeout"_s, u"0"_s},
                                       {u"a.txt"_s, u"--config"_s, u"/no/such/Config.Ini"_s},
+                                      {u"a.txt"_s, u"-f"_s, u"png,webp"_s},
+                                      {u"a.txt"_s, u"-j"_s, u"0"_s},
+                                      {u"a.txt"_s, u"-j"_s, u"many"_s},
+                                      {u"a.txt"_s, u"--name"_s, u"page"_s},
+                                      {u"a.txt"_s, u"--name"_s, u"{index}-{nonsense}"_s},
+                                      {u"a.txt"_s, u"--name"_s, u"{date}"_s},
                                       {u"a.txt"_s, u"--no-such-option"_s}};
     for (const QStringList& command : commands)
         EXPECT_EQ(refusal(command), ExitCode::Usage) << command.join(u' ').toStdString();
@@ -96,16 +102,48 @@ TEST(CommandLine, TheWizardsSettingsAreDefaultsThatOptionsOverrule)
     const QStringList common{u"a.txt"_s, u"--config"_s, file.fileName()};
     const Plan plan = planOf(common);
     EXPECT_EQ(plan.outputFolder, u"/pictures"_s);
-    EXPECT_EQ(plan.format, ImageFormat::Tiff);
-    EXPECT_EQ(plan.naming, Naming::Number);
+    EXPECT_EQ(plan.formats, QList{ImageFormat::Tiff});
+    EXPECT_EQ(plan.naming, u"number"_s);
     EXPECT_TRUE(plan.overwrite);
     EXPECT_EQ(plan.page.timeout, std::chrono::seconds(44));
     EXPECT_EQ(plan.thumbnail, QSize(70, 80));
     EXPECT_FALSE(plan.page.allowScript);
     const Plan overruled = planOf(common + QStringList{u"-f"_s, u"gif"_s, u"--no-overwrite"_s});
-    EXPECT_EQ(overruled.format, ImageFormat::Gif);
+    EXPECT_EQ(overruled.formats, QList{ImageFormat::Gif});
     EXPECT_FALSE(overruled.overwrite);
     EXPECT_EQ(overruled.jpegQuality, 20);
+}
+
+TEST(CommandLine, AResumedRunHasTheOptionsOfTheRunItGoesOnWith)
+{
+    const Plan first =
+        planOf({u"a.txt"_s, u"--url"_s, u"http://x/"_s, u"-f"_s, u"png,jpeg"_s, u"--overwrite"_s,
+                u"--delay"_s, u"2"_s, u"--thumbnail"_s, u"30x20"_s, u"--report"_s, u"r"_s});
+    const auto parsed = parseCommandLine({u"--resume"_s, u"-j"_s, u"3"_s}, first.options);
+    ASSERT_TRUE(std::holds_alternative<Plan>(parsed));
+    const Plan& plan = std::get<Plan>(parsed);
+    EXPECT_EQ(plan.lists, first.lists);
+    EXPECT_EQ(plan.addresses, first.addresses);
+    EXPECT_EQ(plan.formats, (QList{ImageFormat::Png, ImageFormat::Jpeg}));
+    EXPECT_TRUE(plan.overwrite);
+    EXPECT_EQ(plan.page.delay, std::chrono::seconds(2));
+    EXPECT_EQ(plan.thumbnail, QSize(30, 20));
+    EXPECT_EQ(plan.jobs, 3);
+    EXPECT_TRUE(plan.reportFile.isEmpty());
+    EXPECT_EQ(plan.options, first.options);
+}
+
+TEST(CommandLine, AResumedRunCannotTurnIntoAnother)
+{
+    const Plan first = planOf({u"a.txt"_s, u"-f"_s, u"png"_s});
+    const auto with = [&](const QStringList& more) {
+        return std::holds_alternative<Plan>(
+            parseCommandLine(QStringList{u"--resume"_s} + more, first.options));
+    };
+    EXPECT_TRUE(with({u"a.txt"_s, u"-f"_s, u"png"_s}));
+    EXPECT_FALSE(with({u"-f"_s, u"gif"_s}));
+    EXPECT_FALSE(with({u"b.txt"_s}));
+    EXPECT_FALSE(with({u"--overwrite"_s}));
 }
 
 } // namespace

@@ -21,14 +21,17 @@ protected:
 
     QStringList claimed(const QStringList& entries)
     {
-        OutputNames names(m_plan);
+        const auto journal = Journal::create(m_state.path(), {});
+        OutputNames names(m_plan, **journal);
         QStringList files;
         qint64 number = 0;
         for (const QString& text : entries) {
             Entry entry;
             entry.text = text;
             entry.number = ++number;
-            files.append(QFileInfo(names.claim(entry).image).fileName());
+            entry.target = text;
+            const OutputFiles named = names.filesOf(*names.claim(entry));
+            files.append(QFileInfo(named.images.first()).fileName());
         }
         return files;
     }
@@ -36,6 +39,7 @@ protected:
     void touch(const QString& name) { QFile(m_folder.filePath(name)).open(QIODevice::WriteOnly); }
 
     QTemporaryDir m_folder;
+    QTemporaryDir m_state; // For the journal.
     Plan m_plan;
 };
 
@@ -55,12 +59,12 @@ TEST_F(OutputNamesTest, AThumbnailsNameIsTakenToo)
 
 TEST_F(OutputNamesTest, EarlierFilesAreAvoidedUnlessTheyMayBeReplaced)
 {
-    m_plan.naming = Naming::Number;
+    m_plan.naming = u"number"_s;
     touch(u"1.png"_s);
     EXPECT_EQ(claimed({u"aa"_s, u"bb"_s}), (QStringList{u"1(1).png"_s, u"2.png"_s}));
     m_plan.overwrite = true;
     EXPECT_EQ(claimed({u"aa"_s, u"aa"_s}), (QStringList{u"1.png"_s, u"2.png"_s}));
-    m_plan.naming = Naming::Url;
+    m_plan.naming = u"url"_s;
     EXPECT_EQ(claimed({u"aa"_s, u"aa"_s}), (QStringList{u"aa.png"_s, u"aa(1).png"_s}));
 }
 
@@ -90,6 +94,25 @@ TEST_F(OutputNamesTest, NamesAreOneHarmlessComponent)
         EXPECT_FALSE(file.contains(u"secret"_s)) << file.toStdString();
         EXPECT_FALSE(file.startsWith(u"CON"_s, Qt::CaseInsensitive) || file.startsWith(u"nul"_s));
     }
+}
+
+TEST_F(OutputNamesTest, ATemplateIsFilledFromTheEntry)
+{
+    m_plan.naming = u"{index}-{host}_{path}"_s;
+    EXPECT_EQ(claimed({u"http://a.example/x/y?q=1"_s, u"b.example"_s}),
+              (QStringList{u"1-a.example_x_y.png"_s, u"2-b.example_index.png"_s}));
+    Entry entry;
+    entry.text = entry.target = u"http://a/"_s;
+    EXPECT_EQ(plainName(entry, u"{date} {width}x{height} {host}"_s, {QSize(3, 4)}, QDate(2024, 2, 29)),
+              u"2024-02-29 3x4 a"_s);
+}
+
+TEST_F(OutputNamesTest, ANameIsFreeOnlyWhenItIsSoInEveryFormat)
+{
+    m_plan.formats = {ImageFormat::Png, ImageFormat::Jpeg};
+    m_plan.naming = u"number"_s;
+    touch(u"1.jpg"_s);
+    EXPECT_EQ(claimed({u"aa"_s}), (QStringList{u"1(1).png"_s}));
 }
 
 } // namespace

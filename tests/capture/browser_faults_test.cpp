@@ -27,20 +27,21 @@ protected:
         return path;
     }
 
-    Result<std::shared_ptr<Browser>> start(const QString& name, std::chrono::milliseconds limit = 10s)
+    /// Starts it, without having it draw anything first.
+    Result<void> start(const QString& name, std::chrono::milliseconds limit = 10s)
     {
-        keeper = std::make_unique<BrowserKeeper>(BrowserOptions{program(name), true, limit});
-        return await(keeper->browser(limit));
+        browser = Browser::create();
+        return await(browser->start({program(name), true, limit}));
     }
 
     Result<PageShot> captureWith(const QString& name, std::chrono::milliseconds timeout = 2s)
     {
-        const auto browser = start(name);
-        if (!browser) return browser.error();
+        const auto started = start(name);
+        if (!started) return started.error();
         PageRequest request;
         request.addresses = {QUrl(u"http://x.test/"_s)};
         request.timeout = timeout;
-        return await(PageRun::create(*browser, request)->run());
+        return await(PageRun::create(browser, request)->run());
     }
 
     /// Why it failed; empty for a success.
@@ -50,7 +51,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    std::unique_ptr<BrowserKeeper> keeper;
+    std::shared_ptr<Browser> browser;
 };
 
 TEST_F(BrowserFaults, OneThatDoesNotStartIsQuotedWithTheRemedy)
@@ -81,8 +82,18 @@ TEST_F(BrowserFaults, OnlyATruePictureIsASuccess)
 TEST_F(BrowserFaults, OneThatBreaksOffIsFaulty)
 {
     EXPECT_EQ(captureWith(u"torn"_s).error().kind, Error::Kind::Protocol);
-    EXPECT_FALSE((*await(keeper->browser(5s)))->product().isEmpty()) << "a new one is started";
+    EXPECT_FALSE(browser->isUsable());
     EXPECT_EQ(captureWith(u"closing"_s).error().kind, Error::Kind::Closed);
+    EXPECT_FALSE(browser->isUsable());
+}
+
+TEST_F(BrowserFaults, OneThatDrawsWrongIsNotUsed)
+{
+    BrowserKeeper keeper({program(u"good"_s)});
+    const auto refused = await(keeper.browser(10s));
+    ASSERT_FALSE(refused);
+    EXPECT_TRUE(refused.error().text().contains(u"does not draw right"))
+        << refused.error().text().toStdString();
 }
 
 TEST_F(BrowserFaults, LateRepliesAndAFloodOfErrorsDoNotDisturb)
@@ -94,16 +105,15 @@ TEST_F(BrowserFaults, LateRepliesAndAFloodOfErrorsDoNotDisturb)
 TEST_F(BrowserFaults, NothingIsLeftBehind)
 {
     const auto left = [] {
-        return QDir(QDir::tempPath()).entryList({u"vistrel-browser-%1-*"_s.arg(getpid())});
+        return QDir(QDir::tempPath()).entryList({u"vistrel-browser-%1-*"_s.arg(getpid())}).size();
     };
     ASSERT_TRUE(start(u"good"_s).ok());
-    EXPECT_EQ(left().size(), 1);
-    const auto browser = *await(keeper->browser(1s));
+    EXPECT_EQ(left(), 1);
     const QString process = u"/proc/%1"_s.arg(browser->processId());
     EXPECT_TRUE(QFile::exists(process));
-    keeper->stop();
-    keeper.reset();
-    EXPECT_FALSE(browser->isUsable());
+    browser.reset();
+    EXPECT_EQ(left(), 0);
+    EXPECT_FALSE(QFile::exists(process));
 }
 
 TEST_F(BrowserFaults, FoldersOfKilledRunsAreSwept)
@@ -112,7 +122,7 @@ TEST_F(BrowserFaults, FoldersOfKilledRunsAreSwept)
     ASSERT_TRUE(QDir().mkpath(stale + u"/profile/deep"_s));
     ASSERT_TRUE(start(u"good"_s).ok());
     EXPECT_FALSE(QDir(stale).exists());
-    EXPECT_TRUE(QDir((*await(keeper->browser(1s)))->folder().path()).exists()) << "ours is in use";
+    EXPECT_TRUE(QDir(browser->folder().path()).exists()) << "ours is in use";
 }
 
 } // namespace

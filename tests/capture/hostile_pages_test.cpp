@@ -167,6 +167,9 @@ TEST_F(HostilePages, BombsAndCrashesFail)
         "const reader = answer.body.getReader(); while (!(await reader.read()).done); });</script>"
         "<img src=/never>";
     server.on(u"/never"_s, [](Exchange&) {});
+    const QByteArray hoard =
+        "<script>const kept = []; for (;;) kept.push(new Uint8Array(1 << 26).fill(7));</script>";
+    EXPECT_FALSE(captureHtml(hoard, within(8s)).ok());
     EXPECT_EQ(failure(captureHtml(many, within(30s))), Error::Kind::TooLarge);
 
     const auto browser = await(keeper().browser(30s));

@@ -1,7 +1,9 @@
+#include "capture/image/drawing_check.h"
 #include "capture/image/image_encoder.h"
 
 #include <QBuffer>
 #include <QImage>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
@@ -150,6 +152,25 @@ TEST(ImageEncoder, WhatAFormatCannotHoldIsRefused)
     EXPECT_LT(difference(QImage::fromData(*encodeImage(picture(large, {26000, 1000}), ImageFormat::Gif, 80)),
                          large),
               12);
+}
+
+TEST(DrawingCheck, FindsTheFirstRepeatedRow)
+{
+    QImage page(drawingCheck::kWidth, drawingCheck::kRows, QImage::Format_RGB32);
+    const QRegularExpression band(u"rgb\\((\\d+),(\\d+),(\\d+)\\)"_s);
+    int row = 0;
+    for (auto found = band.globalMatch(drawingCheck::page()); found.hasNext();) {
+        const auto colour = found.next();
+        const QRgb rgb =
+            qRgb(colour.captured(1).toInt(), colour.captured(2).toInt(), colour.captured(3).toInt());
+        for (const int end = row + 256; row < end; ++row)
+            std::fill_n(reinterpret_cast<QRgb*>(page.scanLine(row)), page.width(), rgb);
+    }
+    EXPECT_EQ(drawingCheck::trueRows(encoded(page, "PNG")), drawingCheck::kRows);
+    for (int y = 8192; y < page.height(); ++y)
+        std::memcpy(page.scanLine(y), page.constScanLine(y - 8192), size_t(page.bytesPerLine()));
+    EXPECT_EQ(drawingCheck::trueRows(encoded(page, "PNG")), 8192);
+    EXPECT_EQ(drawingCheck::trueRows("no picture"), 0);
 }
 
 TEST(PagePicture, BelievesOnlyWholeFilesOfTheSizeAskedFor)

@@ -121,7 +121,7 @@ TEST_F(ProtocolTest, ABrokenStreamEndsEverySessionAndEveryCall)
 TEST_F(ProtocolTest, WaitsEndWithTheirConditionTheirLimitOrTheirSession)
 {
     bool met = false;
-    QObject::connect(page.get(), &Session::event, page.get(),
+    QObject::connect(page.get(), &Session::received, page.get(),
                      [&met](const QString& method) { met = method == u"X.now"; });
     const auto wait = [&met](std::shared_ptr<Session> session, Session::Limit limit) -> Task<Result<void>> {
         co_return co_await session->until([&met] { return met; }, limit, u"the event"_s);

@@ -46,7 +46,7 @@ public:
 
     ScriptedServer();
 
-    void on(const QString& path, Handler handler) { m_handlers.insert(path, std::move(handler)); }
+    void on(const QString& path, const Handler& handler) { m_handlers.insert(path, handler); }
     /// Serves an HTML document at path.
     void page(const QString& path, const QByteArray& html);
     [[nodiscard]] QString url(const QString& path) const;

@@ -1,5 +1,6 @@
 #include "controls/check_button/coolradiobutton.h"
 #include "tests/support/printers.h"
+#include "tests/support/properties.h"
 
 #include <QAccessible>
 
@@ -9,26 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace vistrel
 {
-
-namespace
-{
-
-PropertyBag saved(const Coolradiobutton& button)
-{
-    PropertyBag bag;
-    button.WriteProperties(bag);
-    return bag;
-}
-
-QStringList keys(const PropertyBag& bag)
-{
-    QStringList result;
-    for (const auto& entry : bag.entries())
-        result += entry.key;
-    return result;
-}
-
-} // namespace
 
 TEST(CoolradiobuttonProperties, aNewButtonHasItsDefaultsAndSavesNothing)
 {
@@ -81,32 +62,24 @@ TEST(CoolradiobuttonProperties, settersReportTheirPropertyButEnabled)
 {
     Coolradiobutton button;
     button.InitProperties();
-    QStringList reported;
-    QObject::connect(&button, &ControlWidget::propertyChanged,
-                     [&](const QString& name) { reported += name; });
-    int clicks = 0;
-    QObject::connect(&button, &Coolradiobutton::Click, [&] { ++clicks; });
-    const std::pair<const char*, QVariant> rows[] = {
-        {"BtnType", 2},
-        {"Value", true},
-        {"Caption", u"Go"_s},
-        {"Font", QVariant::fromValue(Font{u"Verdana"_s})},
-        {"BackColor", QVariant::fromValue(Color{1})},
-        {"ForeColor", QVariant::fromValue(Color{2})},
-        {"HotColor", QVariant::fromValue(Color{3})},
-        {"MousePointer", QVariant::fromValue(qint16{1})},
-        {"MouseIcon", QVariant::fromValue(Picture())},
-        {"HotUnderLine", false},
+    int events = 0;
+    QObject::connect(&button, &Coolradiobutton::Click, [&] { ++events; });
+    const PropertySettings settings = {
+        {u"BtnType"_s, 2},
+        {u"Value"_s, true},
+        {u"Caption"_s, u"Go"_s},
+        {u"Font"_s, QVariant::fromValue(Font{u"Verdana"_s})},
+        {u"BackColor"_s, QVariant::fromValue(Color{1})},
+        {u"ForeColor"_s, QVariant::fromValue(Color{2})},
+        {u"HotColor"_s, QVariant::fromValue(Color{3})},
+        {u"MousePointer"_s, QVariant::fromValue(qint16{1})},
+        {u"MouseIcon"_s, QVariant::fromValue(Picture())},
+        {u"HotUnderLine"_s, false},
     };
-    for (const auto& [property, value] : rows) {
-        reported.clear();
-        ASSERT_TRUE(button.setProperty(property, value)) << property;
-        EXPECT_EQ(reported, QStringList{QString::fromLatin1(property)});
-    }
-    reported.clear();
+    expectReports(button, settings);
+    QObject::connect(&button, &ControlWidget::propertyChanged, [&] { ++events; });
     button.setEnabled(false);
-    EXPECT_TRUE(reported.isEmpty());
-    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(events, 0);
 }
 
 TEST(CoolradiobuttonProperties, theGlyphShowsAtOnceWhateverIsSet)

@@ -1,6 +1,7 @@
 #include "controls/combo_box/cool_combo.h"
 #include "platform/runtime_error.h"
 #include "tests/support/printers.h"
+#include "tests/support/properties.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -17,21 +18,6 @@ namespace vistrel
 
 namespace
 {
-
-PropertyBag saved(const coolCombo& combo)
-{
-    PropertyBag bag;
-    combo.WriteProperties(bag);
-    return bag;
-}
-
-QStringList keys(const PropertyBag& bag)
-{
-    QStringList result;
-    for (const auto& entry : bag.entries())
-        result += entry.key;
-    return result;
-}
 
 /// A new combo box with three items, and what it raises.
 class CoolComboProperties : public testing::Test
@@ -146,20 +132,16 @@ TEST_F(CoolComboProperties, itemsAreAddedAndRemoved)
 
 TEST_F(CoolComboProperties, everySetterButTextReportsItsProperty)
 {
-    const std::pair<const char*, QVariant> rows[] = {
-        {"ForeColor", QVariant::fromValue(Color{1})},
-        {"Font", QVariant::fromValue(Font{u"Verdana"_s})},
-        {"ButtonIcon", QVariant::fromValue(Picture())},
-        {"Enabled", false},
-        {"RightToLeft", true},
-        {"BackColor", QVariant::fromValue(Color{2})},
-        {"Locked", true},
+    const PropertySettings settings = {
+        {u"ForeColor"_s, QVariant::fromValue(Color{1})},
+        {u"Font"_s, QVariant::fromValue(Font{u"Verdana"_s})},
+        {u"ButtonIcon"_s, QVariant::fromValue(Picture())},
+        {u"Enabled"_s, false},
+        {u"RightToLeft"_s, true},
+        {u"BackColor"_s, QVariant::fromValue(Color{2})},
+        {u"Locked"_s, true},
     };
-    for (const auto& [property, value] : rows) {
-        events.clear();
-        ASSERT_TRUE(combo.setProperty(property, value)) << property;
-        EXPECT_EQ(events, QStringList{QString::fromLatin1(property)});
-    }
+    expectReports(combo, settings);
     events.clear();
     combo.setProperty("Text", u"JPEG"_s);
     EXPECT_TRUE(events.isEmpty());

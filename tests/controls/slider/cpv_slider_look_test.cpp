@@ -106,22 +106,4 @@ TEST_F(CpvSliderLook, theThumbIsDrawnWhereTheValueIs)
     EXPECT_EQ(at(42, 0), QColor(Qt::black));
 }
 
-TEST_F(CpvSliderLook, transparentPixelsOfTheThumbShowTheRail)
-{
-    QImage clear(16, 16, QImage::Format_ARGB32);
-    clear.fill(Qt::transparent);
-    clear.setPixelColor(0, 0, Qt::red);
-    slider.setSliderIcon(Picture(clear));
-    EXPECT_EQ(at(0, 0), QColor(Qt::red));
-    EXPECT_EQ(at(8, 6), shadow);
-}
-
-TEST_F(CpvSliderLook, anUnknownOrientationDrawsTheThumbAndTakesNoSize)
-{
-    slider.setOrientation(7);
-    slider.setSizeTwips(600, 600);
-    EXPECT_EQ(slider.size(), QSize(40, 40));
-    EXPECT_EQ(at(0, 0), QColor(Qt::black));
-}
-
 } // namespace vistrel

@@ -1,6 +1,7 @@
 #include "controls/slider/cpv_slider.h"
 #include "platform/runtime_error.h"
 #include "tests/support/printers.h"
+#include "tests/support/properties.h"
 
 #include <QAccessible>
 
@@ -13,21 +14,6 @@ namespace vistrel
 
 namespace
 {
-
-PropertyBag saved(const cpvSlider& slider)
-{
-    PropertyBag bag;
-    slider.WriteProperties(bag);
-    return bag;
-}
-
-QStringList keys(const PropertyBag& bag)
-{
-    QStringList result;
-    for (const auto& entry : bag.entries())
-        result += entry.key;
-    return result;
-}
 
 /// A new horizontal slider 100 pixels long, and what it raises.
 class CpvSliderProperties : public testing::Test
@@ -130,22 +116,18 @@ TEST_F(CpvSliderProperties, aNewMaximumLeavesTheValueAndTheThumb)
 
 TEST_F(CpvSliderProperties, everySetterReportsItsProperty)
 {
-    const std::pair<const char*, QVariant> rows[] = {
-        {"Enabled", false},
-        {"BackColor", QVariant::fromValue(Color{1})},
-        {"Max", 20},
-        {"Value", 0},
-        {"Orientation", 1},
-        {"RailStyle", 2},
-        {"SliderIcon", QVariant::fromValue(Picture())},
-        {"RailPicture", QVariant::fromValue(Picture())},
-        {"ShowValueTip", false},
+    const PropertySettings settings = {
+        {u"Enabled"_s, false},
+        {u"BackColor"_s, QVariant::fromValue(Color{1})},
+        {u"Max"_s, 20},
+        {u"Value"_s, 0},
+        {u"Orientation"_s, 1},
+        {u"RailStyle"_s, 2},
+        {u"SliderIcon"_s, QVariant::fromValue(Picture())},
+        {u"RailPicture"_s, QVariant::fromValue(Picture())},
+        {u"ShowValueTip"_s, false},
     };
-    for (const auto& [property, value] : rows) {
-        events.clear();
-        ASSERT_TRUE(slider.setProperty(property, value)) << property;
-        EXPECT_EQ(events, QStringList{QString::fromLatin1(property)});
-    }
+    expectReports(slider, settings);
 }
 
 TEST_F(CpvSliderProperties, areSavedInTheirOrderAndComeBack)

@@ -1,0 +1,180 @@
+#include "tests/app/wizard_test.h"
+
+#include "controls/check_button/coolradiobutton.h"
+#include "controls/combo_box/cool_combo.h"
+#include "controls/slider/cpv_slider.h"
+#include "controls/text_line/text_line.h"
+
+namespace vistrel::test
+{
+
+namespace
+{
+
+class OptionsTest : public WizardTest
+{
+protected:
+    OptionsTest()
+    {
+        startAgain();
+        click(u"fbMake(1)"_s);
+    }
+
+    clsConfig& config() { return *program.Config; }
+    TextLine& box(const QString& name) { return control<TextLine>(name); }
+
+    /// Types text over what the box holds; the focus stays there.
+    void type(const QString& name, const QString& text)
+    {
+        click(name);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_Delete);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+    void typeAndLeave(const QString& name, const QString& text)
+    {
+        type(name, text);
+        press(Qt::Key_Tab);
+    }
+};
+
+struct Repair {
+    QString typed;
+    QString shown;
+    qint32 stored;
+};
+
+TEST_F(OptionsTest, DelayTakes0To300AndRepairsTo0)
+{
+    const QList<Repair> repairs = {
+        {u"300"_s, u"300"_s, 300}, {u"301"_s, u"0"_s, 0},   {u"-1"_s, u"0"_s, 0},    {u"4x"_s, u"4"_s, 4},
+        {u" 7"_s, u"7"_s, 7},      {u"abc"_s, u"0"_s, 0},   {u""_s, u"0"_s, 0},      {u"2.50"_s, u"2.5"_s, 2},
+        {u"3.5"_s, u"3.5"_s, 4},   {u"0.5"_s, u"0.5"_s, 0}, {u"1.5"_s, u"1.5"_s, 2}, {u"9e99"_s, u"0"_s, 0}};
+    for (const Repair& repair : repairs) {
+        config().setDelayTime(99);
+        typeAndLeave(u"txtDelay"_s, repair.typed);
+        EXPECT_EQ(box(u"txtDelay"_s).Text(), repair.shown) << repair.typed.toStdString();
+        EXPECT_EQ(config().DelayTime(), repair.stored) << repair.typed.toStdString();
+    }
+}
+
+TEST_F(OptionsTest, TimeOutTakes10To300AndRepairsTo60)
+{
+    const QList<Repair> repairs = {
+        {u"10"_s, u"10"_s, 10},   {u"9"_s, u"60"_s, 60},  {u"300"_s, u"300"_s, 300},
+        {u"301"_s, u"60"_s, 60},  {u""_s, u"60"_s, 60},   {u"12abc"_s, u"12"_s, 12},
+        {u"9.99"_s, u"60"_s, 60}, {u"x5"_s, u"60"_s, 60}, {u"10.5"_s, u"10.5"_s, 10}};
+    for (const Repair& repair : repairs) {
+        config().setTimeOut(99);
+        typeAndLeave(u"txtTimeOut"_s, repair.typed);
+        EXPECT_EQ(box(u"txtTimeOut"_s).Text(), repair.shown) << repair.typed.toStdString();
+        EXPECT_EQ(config().TimeOut(), repair.stored) << repair.typed.toStdString();
+    }
+}
+
+TEST_F(OptionsTest, ANumberIsStoredWhenTheFocusMovesOnAndNotBefore)
+{
+    type(u"txtDelay"_s, u"42"_s);
+    EXPECT_EQ(config().DelayTime(), 1);
+    click(u"fbInternetOptions"_s);
+    EXPECT_EQ(config().DelayTime(), 42);
+    EXPECT_EQ(opened, QStringList(u"internet options"_s));
+
+    type(u"txtTimeOut"_s, u"77"_s);
+    window->close();
+    EXPECT_EQ(loadConfig(folder.path(u"Config.Ini"_s)).TimeOut, 30) << "closed before the focus moved on";
+}
+
+TEST_F(OptionsTest, ThumbnailSizesAreStoredAsTypedAndKeptWhenTheyAreNoNumbers)
+{
+    click(u"chkThum"_s);
+    typeAndLeave(u"txtThumWidth"_s, u"-20"_s);
+    typeAndLeave(u"txtThumHeight"_s, u"0"_s);
+    EXPECT_EQ(config().ThumWidth(), -20);
+    EXPECT_EQ(config().ThumHeight(), 0);
+
+    for (const QString& text : {u"wide"_s, u""_s, u"12px"_s, u"99999999999"_s}) {
+        typeAndLeave(u"txtThumWidth"_s, text);
+        EXPECT_EQ(config().ThumWidth(), -20) << text.toStdString();
+        EXPECT_EQ(box(u"txtThumWidth"_s).Text(), u"-20"_s) << "what is stored is shown";
+    }
+}
+
+TEST_F(OptionsTest, TheThumbnailBoxEnablesTheSizes)
+{
+    click(u"chkThum"_s);
+    EXPECT_TRUE(box(u"txtThumWidth"_s).Enabled());
+    EXPECT_TRUE(box(u"txtThumHeight"_s).Enabled());
+    EXPECT_TRUE(config().Thumbnail());
+    click(u"chkThum"_s);
+    EXPECT_FALSE(box(u"txtThumWidth"_s).Enabled());
+    EXPECT_FALSE(box(u"txtThumHeight"_s).Enabled());
+    EXPECT_FALSE(config().Thumbnail());
+}
+
+TEST_F(OptionsTest, CheckBoxesStoreTheStateThatTheyChangeTo)
+{
+    struct Box {
+        QString name;
+        std::function<int()> stored;
+    };
+    const QList<Box> boxes = {{u"chkOverwrite"_s, [&] { return config().Overwrite(); }},
+                              {u"chkOpenOutput"_s, [&] { return config().OpenOutput(); }},
+                              {u"chkEnableActiveX"_s, [&] { return config().EnableActiveX(); }},
+                              {u"chkEnableJava"_s, [&] { return config().EnableJava(); }},
+                              {u"chkEnableScript"_s, [&] { return config().EnableScript(); }}};
+    for (const Box& box : boxes) {
+        EXPECT_EQ(box.stored(), 1) << box.name.toStdString();
+        click(box.name);
+        EXPECT_EQ(box.stored(), 0) << box.name.toStdString();
+        EXPECT_FALSE(control<Coolradiobutton>(box.name).Value());
+        click(box.name);
+        EXPECT_EQ(box.stored(), 1) << box.name.toStdString();
+    }
+}
+
+TEST_F(OptionsTest, CombosAndSliderStoreWhatIsChosen)
+{
+    control<coolCombo>(u"cobFileType"_s).setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(config().ImageType(), 4);
+    control<coolCombo>(u"cobFileName"_s).setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(config().NameAs(), 1);
+
+    auto& slider = control<cpvSlider>(u"csQuality"_s);
+    const auto drag = [&](int x) {
+        const QPoint thumb = slider.thumb().center().toPoint();
+        Pointer::moveTo(slider, thumb);
+        Pointer::press(slider, thumb);
+        Pointer::moveTo(slider, {x, thumb.y()});
+        Pointer::release(slider, {x, thumb.y()});
+    };
+    drag(-50);
+    EXPECT_EQ(config().JpgQuality(), 1);
+    drag(slider.width() + 50);
+    EXPECT_EQ(config().JpgQuality(), 100);
+}
+
+TEST_F(OptionsTest, OnlyTheBrowseButtonChangesTheOutputFolder)
+{
+    type(u"txtOutputFolder"_s, u"/elsewhere"_s);
+    EXPECT_EQ(box(u"txtOutputFolder"_s).Text(), u"/out/"_s);
+    EXPECT_EQ(box(u"txtOutputFolder"_s).SelText(), u"/out/"_s) << "the focus selects it all";
+
+    dialogs.confirms = false;
+    click(u"fbOutpath"_s);
+    EXPECT_EQ(config().OutputFolder(), u"/out/"_s);
+    EXPECT_EQ(dialogs.prompt, u"Choose an output folder: "_s);
+    EXPECT_EQ(dialogs.request.owner, window.get());
+
+    dialogs.confirms = true;
+    dialogs.chosen = u"/pictures"_s;
+    click(u"fbOutpath"_s);
+    EXPECT_EQ(box(u"txtOutputFolder"_s).Text(), u"/pictures/"_s);
+    EXPECT_EQ(config().OutputFolder(), u"/pictures/"_s);
+}
+
+} // namespace
+
+} // namespace vistrel::test

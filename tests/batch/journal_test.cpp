@@ -1,0 +1,162 @@
+#include "batch/entry_queue.h"
+#include "batch/journal.h"
+
+#include "tests/support/await.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace vistrel
+{
+
+namespace
+{
+
+class JournalTest : public testing::Test
+{
+protected:
+    void start(const QStringList& targets)
+    {
+        m_journal = *Journal::create(m_folder.path(), {{u"--format"_s, {u"png"_s}}});
+        ASSERT_TRUE(m_journal->beginFilling());
+        Entry entry;
+        for (const QString& target : targets) {
+            ++entry.number;
+            entry.text = entry.target = target;
+            ASSERT_TRUE(m_journal->add(entry, QString::number(entry.number)));
+        }
+        ASSERT_TRUE(m_journal->endFilling());
+    }
+
+    void reopen()
+    {
+        m_journal.reset();
+        m_journal = *Journal::open(m_folder.path());
+    }
+
+    Outcome converted(qint64 bytes)
+    {
+        Outcome outcome;
+        outcome.state = EntryState::Converted;
+        outcome.file = m_folder.filePath(u"picture.png"_s);
+        outcome.bytes = bytes;
+        return outcome;
+    }
+
+    QList<qint64> waiting()
+    {
+        QList<qint64> numbers;
+        const auto pending = m_journal->pending(0, 100);
+        for (const PendingEntry& entry : *pending)
+            numbers.append(entry.entry.number);
+        return numbers;
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<Journal> m_journal;
+};
+
+TEST_F(JournalTest, WhatWasUnderWayOrIsGoneWaitsAgain)
+{
+    start({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    QFile(m_folder.filePath(u"picture.png"_s)).open(QIODevice::WriteOnly);
+    ASSERT_TRUE(m_journal->begin(1, u"1"_s));
+    ASSERT_TRUE(m_journal->finish(2, converted(0)));
+    ASSERT_TRUE(m_journal->finish(3, converted(12345)));
+    ASSERT_TRUE(m_journal->finish(4, Outcome::failed(u"bad"_s)));
+    reopen();
+    ASSERT_TRUE(m_journal->putBack(false));
+    EXPECT_EQ(waiting(), (QList<qint64>{1, 3}));
+    EXPECT_TRUE(m_journal->pending(0, 1)->first().begun);
+    ASSERT_TRUE(m_journal->putBack(true));
+    EXPECT_EQ(waiting(), (QList<qint64>{1, 3, 4}));
+    EXPECT_EQ(m_journal->options()->value(u"--format"_s), QStringList{u"png"_s});
+}
+
+TEST_F(JournalTest, ARunThatWasCutOffWhileItsListsWereReadIsNoRun)
+{
+    m_journal = *Journal::create(m_folder.path(), {});
+    ASSERT_TRUE(m_journal->beginFilling());
+    Entry entry;
+    entry.number = 1;
+    ASSERT_TRUE(m_journal->add(entry, {}));
+    m_journal.reset();
+    EXPECT_EQ(Journal::open(m_folder.path()).error().kind, Error::Kind::Usage);
+    EXPECT_EQ(Journal::open(m_folder.filePath(u"nowhere"_s)).error().kind, Error::Kind::Usage);
+}
+
+TEST_F(JournalTest, AnUnfinishedRunIsKeptAsideByTheNextOne)
+{
+    start({u"a"_s});
+    m_journal.reset();
+    start({u"b"_s});
+    EXPECT_EQ(QDir(m_folder.path()).entryList({u"*earlier*"_s}, QDir::Files | QDir::Hidden).size(), 1);
+    EXPECT_EQ(waiting(), QList<qint64>{1});
+}
+
+TEST_F(JournalTest, AJournalThatIsNoneIsAnErrorOrReplacedByANewRun)
+{
+    QFile file(Journal::pathIn(m_folder.path()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(5000, 'x'));
+    file.close();
+    EXPECT_FALSE(Journal::open(m_folder.path()));
+    EXPECT_TRUE(Journal::create(m_folder.path(), {}));
+}
+
+TEST_F(JournalTest, TheQueueKeepsToTheListAndComesToItsEnd)
+{
+    QStringList many;
+    for (int i = 0; i < 600; ++i)
+        many.append(u"page%1"_s.arg(i));
+    start(many);
+    EntryQueue queue(*m_journal, HostLimits(0, {}), 0);
+    for (int i = 0; i < 600; ++i) {
+        const auto taken = test::await(queue.take());
+        ASSERT_TRUE(taken && *taken);
+        EXPECT_EQ((*taken)->entry.number, i + 1);
+        queue.release(**taken);
+    }
+    EXPECT_FALSE(*test::await(queue.take()));
+}
+
+TEST_F(JournalTest, ABusyHostIsOvertakenAndWhatWasPutBackComesAgain)
+{
+    start({u"http://a/1"_s, u"http://a/2"_s, u"http://b/1"_s});
+    EntryQueue queue(*m_journal, HostLimits(1, {}), 0);
+    const auto first = *test::await(queue.take());
+    const auto second = *test::await(queue.take());
+    EXPECT_EQ(first->entry.target, u"http://a/1"_s);
+    EXPECT_EQ(second->entry.target, u"http://b/1"_s);
+    queue.putBack(*first, std::chrono::milliseconds(100));
+    const auto third = *test::await(queue.take());
+    EXPECT_EQ(third->entry.target, u"http://a/2"_s);
+    queue.release(*third);
+    queue.release(*second);
+    EXPECT_EQ((*test::await(queue.take()))->entry.target, u"http://a/1"_s);
+}
+
+TEST(HostLimits, StartsOfOneHostAreApart)
+{
+    using Time = HostLimits::Time;
+    HostLimits limits(2, Time(1000));
+    limits.start(u"a"_s, Time(5000));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(5100)), Time(6000));
+    EXPECT_EQ(limits.freeAt(u"b"_s, Time(5100)), Time(5100));
+    EXPECT_EQ(limits.freeAt({}, Time(5100)), Time(5100));
+    limits.start(u"a"_s, Time(6000));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(9000)), std::nullopt);
+    limits.end(u"a"_s, Time(9000));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(9000)), Time(9000));
+    EXPECT_EQ(hostOf(u"/a/b.html"_s), QString());
+    EXPECT_EQ(hostOf(u"example.org/x"_s), u"example.org"_s);
+}
+
+} // namespace
+
+} // namespace vistrel
