@@ -48,7 +48,6 @@ void Connection::endAll(const Error& reason)
     for (const auto& weak : sessions) {
         if (const auto session = weak.lock()) session->end(reason);
     }
-    Q_EMIT closed(reason);
 }
 
 } // namespace vistrel

@@ -31,13 +31,9 @@ public:
     /// Ends every session with reason; no message is taken any more.
     void close(const Error& reason);
 
-Q_SIGNALS:
-    /// The transport closed or broke. Every session has ended by then. Emitted once.
-    void closed(const vistrel::Error& reason);
-
 private:
     friend class Session;
-    /// Sends a call of session; the reply reaches Session::answer under the number returned.
+    /// Sends a call of session; the reply reaches Session::receive under the number returned.
     int send(const Session& session, const QString& method, const QJsonObject& params);
 
     void dispatch(const QByteArray& bytes);
