@@ -112,10 +112,14 @@ Task<Result<void>> PageRun::prepare()
     m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
     m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
     m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
-    if (!m_request.allowScript)
-        m_session->post(u"Emulation.setScriptExecutionDisabled"_s, {{u"value"_s, true}});
-    const auto sized = co_await resize(m_request.viewport);
-    if (!sized) co_return sized.error().during(u"preparing the page"_s);
+    const auto sized = resize(m_request.viewport);
+    // The empty page's renderer takes its orders one after the other, and a navigation takes along only those
+    // that it has confirmed: so the last of them is waited for.
+    const QJsonObject scripts{{u"value"_s, !m_request.allowScript}};
+    const auto confirmed = co_await m_session->call(u"Emulation.setScriptExecutionDisabled"_s, scripts);
+    if (!confirmed) co_return confirmed.error().during(u"preparing the page"_s);
+    const auto resized = co_await sized;
+    if (!resized) co_return resized.error().during(u"preparing the page"_s);
     co_return Result<void>();
 }
 
