@@ -35,13 +35,17 @@ QJsonObject stripParams(QRect strip, const ShotSettings& settings)
     return params;
 }
 
-/// The least whole pixels that cover the content.
+/// The least whole pixels that cover the content, cut at the window's sides where it reaches too far beyond.
 QRect contentArea(const QJsonObject& content, QSize viewport)
 {
-    const int left = int(std::floor(content[u"x"].toDouble()));
+    int left = int(std::floor(content[u"x"].toDouble()));
+    int width = std::max(viewport.width(), int(std::ceil(content[u"width"].toDouble())));
+    if (width > kMostWindowWidths * viewport.width()) {
+        left = 0;
+        width = viewport.width();
+    }
     const int top = int(std::floor(content[u"y"].toDouble()));
-    return {left, top, std::max(viewport.width(), int(std::ceil(content[u"width"].toDouble()))),
-            std::max(viewport.height(), int(std::ceil(content[u"height"].toDouble())))};
+    return {left, top, width, std::max(viewport.height(), int(std::ceil(content[u"height"].toDouble())))};
 }
 
 } // namespace

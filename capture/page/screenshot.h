@@ -16,6 +16,10 @@ constexpr qint64 kMostStripPixels = 24LL * 1000 * 1000;
 /// Beyond this a picture is refused rather than cut: 1280 px wide, it is 200,000 px tall.
 constexpr qint64 kMostPixels = 256LL * 1000 * 1000;
 
+/// Content that overflows to the side is in the picture up to this width, in windows: a wide table. What
+/// reaches further is a carousel or parked out of sight, and the picture is one window wide.
+constexpr int kMostWindowWidths = 2;
+
 /// The whole page's rectangle in CSS px: its content and at least the viewport. Error::Kind::TooLarge past
 /// kMostPixels or wider than longestSide.
 Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide);

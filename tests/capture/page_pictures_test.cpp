@@ -69,6 +69,11 @@ TEST_F(PagePictures, HorizontalOverflowIsInThePictureInBothWritingDirections)
     const QImage rightToLeft = image(captureHtml(
         "<!doctype html><html dir=rtl><body style='margin:0'><div style='width:2000px;height:50px;"
         "background:linear-gradient(to right,red 0 50%,blue 50%)'></div>"));
+    const QByteArray carousel = "<body style='margin:0;background:green'><div style='width:9000px'>.</div>";
+    EXPECT_EQ(image(captureHtml("<!doctype html>" + carousel)).width(), 1280);
+    const QImage mirrored = image(captureHtml("<!doctype html><html dir=rtl>" + carousel));
+    EXPECT_EQ(mirrored.width(), 1280);
+    EXPECT_EQ(pixel(mirrored, 1270, 400), kGreen);
     EXPECT_EQ(rightToLeft.width(), 2000);
     EXPECT_EQ(pixel(rightToLeft, 10, 20), kRed);
     EXPECT_EQ(pixel(rightToLeft, 1990, 20), kBlue);
