@@ -47,9 +47,18 @@ class ControlGroup:
         (self.folder / 'cgroup.kill').write_text('1')
 
     def close(self):
+        """The processor seconds of all that ran in the group, which is no more afterwards."""
         stat = dict(line.split() for line in (self.folder / 'cpu.stat').read_text().splitlines())
-        self.folder.rmdir()
+        self._remove()
         return int(stat['usage_usec']) / 1e6
+
+    def _remove(self):
+        """The last processes are still leaving for a moment after they are listed no more."""
+        for _ in range(int(END_LIMIT_S / POLL_INTERVAL_S)):
+            try:
+                return self.folder.rmdir()
+            except OSError:
+                time.sleep(POLL_INTERVAL_S)
 
 
 class Descendants:
