@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QtEndian>
 
 #include <cstdio>
 #include <unistd.h>
@@ -15,6 +16,8 @@ namespace
 {
 
 QString mode;
+qint32 pageWidth = 1280; ///< Px; the page fills the window that was asked for last.
+qint32 pageHeight = 800;
 
 void say(const QByteArray& bytes)
 {
@@ -35,17 +38,23 @@ void event(const QString& method, const QJsonObject& params)
     sayJson({{u"method"_s, method}, {u"params"_s, params}, {u"sessionId"_s, u"S"_s}});
 }
 
-/// A PNG header that claims 1280 x 800 and has no pixels: enough for whoever only looks at the size.
-QByteArray picture(char width)
+QByteArray bigEndian(qint32 number)
 {
-    return QByteArray::fromHex("89504e470d0a1a0a0000000d49484452000005") + width +
-           QByteArray::fromHex("000003200802000000000000000000000049454e44ae426082");
+    const qint32 turned = qToBigEndian(number);
+    return {reinterpret_cast<const char*>(&turned), sizeof turned};
+}
+
+/// A PNG header without pixels: enough for whoever only looks at the size.
+QByteArray picture(qint32 width)
+{
+    return QByteArray::fromHex("89504e470d0a1a0a0000000d49484452") + bigEndian(width) +
+           bigEndian(pageHeight) + QByteArray::fromHex("0802000000000000000000000049454e44ae426082");
 }
 
 QJsonObject shot()
 {
     if (mode == u"empty-picture") return {{u"data"_s, QString()}};
-    const char width = mode == u"wrong-size" ? '\x01' : '\0';
+    const qint32 width = mode == u"wrong-size" ? pageWidth + 1 : pageWidth;
     return {{u"data"_s, QString::fromLatin1(picture(width).toBase64())}};
 }
 
@@ -61,7 +70,7 @@ QJsonObject navigate()
 
 QJsonObject metrics()
 {
-    const QJsonObject content{{u"x"_s, 0}, {u"y"_s, 0}, {u"width"_s, 1280}, {u"height"_s, 800}};
+    const QJsonObject content{{u"x"_s, 0}, {u"y"_s, 0}, {u"width"_s, pageWidth}, {u"height"_s, pageHeight}};
     return {{u"cssContentSize"_s, content}};
 }
 
@@ -89,10 +98,17 @@ void misbehave(const QString& method)
     if (mode == u"late" && method == u"Page.navigate") sayJson({{u"id"_s, 1}, {u"result"_s, QJsonObject{}}});
 }
 
+void resize(const QJsonObject& window)
+{
+    pageWidth = window[u"width"].toInt();
+    pageHeight = window[u"height"].toInt();
+}
+
 void serve(const QByteArray& bytes)
 {
     const QJsonObject call = QJsonDocument::fromJson(bytes).object();
     const QString method = call[u"method"].toString();
+    if (method == u"Emulation.setDeviceMetricsOverride") resize(call[u"params"].toObject());
     misbehave(method);
     QJsonObject reply{{u"id"_s, call[u"id"]}, {u"result"_s, answer(method)}};
     if (call.contains(u"sessionId")) reply.insert(u"sessionId"_s, call[u"sessionId"]);
