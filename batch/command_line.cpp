@@ -2,6 +2,7 @@
 
 #include "app/config/config_values.h"
 #include "batch/option_set.h"
+#include "batch/option_values.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -20,12 +21,6 @@ namespace
 const QString kListOption = u"LIST"_s;
 /// For the contact sheet, when the user names no size.
 constexpr QSize kSheetThumbnail(240, 180);
-
-QSize sizeOf(const std::string& text)
-{
-    const QStringList sides = QString::fromStdString(text).toLower().split(u'x');
-    return {sides[0].toInt(), sides[1].toInt()};
-}
 
 const char* formatName(qint32 imageType)
 {
@@ -63,25 +58,32 @@ std::chrono::milliseconds millisecondsOf(double seconds)
     return std::chrono::milliseconds(std::llround(seconds * 1000));
 }
 
-QList<ImageFormat> formatsOf(const Arguments& given)
+/// The values of an option that may be repeated; they are checked already.
+QList<RequestHeader> valuesOf(const std::vector<std::string>& texts,
+                              Result<RequestHeader> (*read)(const QString&))
 {
-    QList<ImageFormat> formats;
-    for (const QString& name : QString::fromStdString(given.formats).split(u',')) {
-        const ImageFormat format = *imageFormatOf(name);
-        if (!formats.contains(format)) formats.append(format);
-    }
-    return formats;
+    QList<RequestHeader> values;
+    for (const std::string& text : texts)
+        values.append(*read(QString::fromStdString(text)));
+    return values;
+}
+
+/// Content of a file that was there when the options were checked.
+QString contentOf(const std::string& path)
+{
+    const auto content = path.empty() ? Result(QString()) : readTextFile(QString::fromStdString(path));
+    return content ? *content : QString();
 }
 
 void fillImages(Plan& plan, const Arguments& given)
 {
     plan.outputFolder = QDir::cleanPath(QString::fromStdString(given.output));
-    plan.formats = formatsOf(given);
+    plan.formats = *readFormats(QString::fromStdString(given.formats));
     plan.naming = QString::fromStdString(given.naming);
     plan.overwrite = given.overwrite;
     plan.jpegQuality = given.quality;
     if (!given.thumbnail.empty())
-        plan.thumbnail = sizeOf(given.thumbnail);
+        plan.thumbnail = *readSize(QString::fromStdString(given.thumbnail));
     else if (!given.sheet.empty())
         plan.thumbnail = kSheetThumbnail;
 }
@@ -91,17 +93,42 @@ void fillPages(Plan& plan, const Arguments& given)
     const bool jpegAlone = plan.formats == QList{ImageFormat::Jpeg};
     plan.page.timeout = millisecondsOf(given.timeout);
     plan.page.delay = millisecondsOf(given.delay);
+    plan.page.awaitedElement = QString::fromStdString(given.awaitedElement);
+    plan.page.awaitsIdle = given.waitUntil == "idle";
     plan.page.allowScript = !given.noScript;
+    plan.page.script = contentOf(given.script);
     plan.page.confinement = QString::fromStdString(given.confinement);
     plan.page.encoding = jpegAlone ? PagePicture::Encoding::Jpeg : PagePicture::Encoding::Png;
     plan.page.jpegQuality = given.quality;
+}
+
+void fillLook(PageRequest& page, const Arguments& given)
+{
+    page.viewport = *readSize(QString::fromStdString(given.viewport));
+    page.scale = std::round(given.scale * 100) / 100;
+    page.windowOnly = given.windowOnly;
+    page.maxHeight = given.maxHeight;
+    page.element = QString::fromStdString(given.element);
+    page.dark = given.dark;
+    page.style = contentOf(given.style);
+    page.hidden = texts(given.hidden);
+}
+
+void fillRequests(Plan& plan, const Arguments& given)
+{
+    plan.browser.language = QString::fromStdString(given.languages);
+    plan.browser.userAgent = QString::fromStdString(given.userAgent);
+    plan.page.headers = valuesOf(given.headers, readHeader);
+    plan.page.cookies = valuesOf(given.cookies, readCookie);
+    if (!given.proxy.empty()) plan.browser.proxy = *readProxy(QString::fromStdString(given.proxy));
+    plan.browser.takeBadCertificates = given.insecure;
 }
 
 void fillRun(Plan& plan, const Arguments& given)
 {
     plan.browser.program = QString::fromStdString(given.browser);
     plan.browser.sandbox = !given.noSandbox;
-    plan.jobs = QString::fromStdString(given.jobs).toInt(); // "auto" gives 0.
+    plan.jobs = *readJobs(QString::fromStdString(given.jobs));
     plan.perHost = given.perHost;
     plan.perHostDelay = millisecondsOf(given.perHostDelay);
     plan.retries = given.retries;
@@ -119,6 +146,8 @@ Plan planOf(const Arguments& given, const OptionSet& options)
     plan.addresses = texts(given.addresses);
     fillImages(plan, given);
     fillPages(plan, given);
+    fillLook(plan.page, given);
+    fillRequests(plan, given);
     fillRun(plan, given);
     plan.options = options.kept();
     return plan;
@@ -144,21 +173,33 @@ std::optional<Answer> parseInto(OptionSet& options, const QStringList& arguments
     return std::nullopt;
 }
 
+/// Why options that are given do not go with those kept of an earlier run; empty when they do.
+QString difference(const OptionSet& options, const OptionValues& kept)
+{
+    const OptionValues now = options.kept();
+    for (auto option = now.cbegin(); option != now.cend(); ++option) {
+        const QStringList earlier = kept.value(option.key());
+        if (!options.isGiven(option.key()) || option.value() == earlier) continue;
+        const bool secret = option.key() == u"--header" || option.key() == u"--cookie";
+        if (earlier.isEmpty()) return u"the run to go on with was started without "_s + option.key();
+        return u"the run to go on with was started with another "_s + option.key() +
+               (secret ? QString() : u": "_s + earlier.join(u' '));
+    }
+    return {};
+}
+
 /// arguments with every option of kept that they do not hold; an error for one that they hold with another
 /// value.
 std::variant<QStringList, Answer> completed(const QStringList& arguments, const OptionValues& kept)
 {
+    if (kept.isEmpty()) return arguments;
     Arguments given;
     OptionSet options(given);
     if (const auto answer = parseInto(options, arguments)) return *answer;
-    const OptionValues now = options.kept();
+    if (const QString why = difference(options, kept); !why.isEmpty()) return usageError(why);
     QStringList all = arguments;
     for (auto option = kept.cbegin(); option != kept.cend(); ++option) {
-        if (options.isGiven(option.key())) {
-            if (now.value(option.key()) == option.value()) continue;
-            return usageError(u"the run to go on with was started with another %1: %2"_s.arg(
-                option.key(), option.value().join(u' ')));
-        }
+        if (options.isGiven(option.key())) continue;
         for (const QString& value : option.value())
             all.append(option.key() == kListOption ? value : option.key() + u'=' + value);
     }
@@ -179,6 +220,18 @@ std::variant<Plan, Answer> parseNew(const QStringList& arguments)
     return planOf(given, second);
 }
 
+/// What options that are right one by one make wrong together; empty when all is well.
+QString objectionTo(const Plan& plan)
+{
+    if (!plan.resume && plan.lists.isEmpty() && plan.addresses.isEmpty())
+        return u"there is nothing to convert: give a list file, or a page with --url"_s;
+    if (!plan.page.script.isEmpty() && !plan.page.allowScript)
+        return u"--script needs pages whose scripts run: leave out --no-script"_s;
+    if (!plan.page.element.isEmpty() && plan.page.windowOnly)
+        return u"--selector and --visible-only exclude each other: leave out one"_s;
+    return {};
+}
+
 } // namespace
 
 std::variant<Plan, Answer> parseCommandLine(const QStringList& arguments, const OptionValues& kept)
@@ -187,8 +240,8 @@ std::variant<Plan, Answer> parseCommandLine(const QStringList& arguments, const 
     if (const auto* answer = std::get_if<Answer>(&all)) return *answer;
     auto parsed = parseNew(std::get<QStringList>(all));
     const auto* plan = std::get_if<Plan>(&parsed);
-    if (plan != nullptr && !plan->resume && plan->lists.isEmpty() && plan->addresses.isEmpty())
-        return usageError(u"there is nothing to convert: give a list file, or a page with --url"_s);
+    const QString objection = plan != nullptr ? objectionTo(*plan) : QString();
+    if (!objection.isEmpty()) return usageError(objection);
     return parsed;
 }
 

@@ -2,7 +2,6 @@
 
 #include "batch/picture_writing.h"
 #include "capture/page/address.h"
-#include "platform/log.h"
 
 #include <QCoroFuture>
 #include <QDateTime>
@@ -110,12 +109,7 @@ Task<Result<PageShot>> EntryConversion::takeShot(std::shared_ptr<Browser> browse
     PageRequest request = m_tools.plan.page;
     request.addresses = *addresses;
     m_run = PageRun::create(std::move(browser), std::move(request));
-    auto shot = co_await m_run->run();
-    if (shot) {
-        for (const QString& warning : std::as_const(shot->warnings))
-            qCInfo(logPage).noquote() << m_entry.entry.text << warning;
-    }
-    co_return shot;
+    co_return co_await m_run->run();
 }
 
 void EntryConversion::cancel()

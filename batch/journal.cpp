@@ -96,6 +96,7 @@ Result<std::unique_ptr<Journal>> Journal::create(const QString& folder, const Op
     }
     auto journal = openFile(path);
     if (!journal) return journal.error();
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner); // Cookies may be among the options.
     const auto ready = (*journal)->setUp(options);
     if (!ready) return ready.error().during(u"writing the journal %1"_s.arg(path));
     return journal;

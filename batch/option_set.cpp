@@ -1,10 +1,6 @@
 #include "batch/option_set.h"
 
-#include "batch/output_names.h"
-
-#include <QRegularExpression>
-
-#include <algorithm>
+#include "batch/option_values.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,8 +11,8 @@ namespace
 {
 
 constexpr double kLongestSeconds = 86400;
-constexpr int kLongestSide = 10000;
-constexpr int kMostJobs = 64;
+constexpr int kMostPerHost = 64;
+constexpr int kTallest = 1000000;
 
 const char* const kDescription = R"(Turns lists of web pages into image files.
 
@@ -33,42 +29,20 @@ Exit codes: 0 all converted, 1 some entries failed, 2 usage, 3 the browser could
 const char* const kInput = "What to convert";
 const char* const kImages = "Images";
 const char* const kPages = "Pages";
+const char* const kLook = "How pages look";
+const char* const kRequests = "What servers are told";
 const char* const kRun = "The run";
 const char* const kProgram = "The program";
 
-std::string checkSize(const std::string& text)
+template<typename Value>
+CLI::Validator check(Result<Value> (*read)(const QString&))
 {
-    static const QRegularExpression pattern(u"^(\\d{1,5})[xX](\\d{1,5})$"_s);
-    const auto match = pattern.match(QString::fromStdString(text));
-    const int width = match.captured(1).toInt();
-    const int height = match.captured(2).toInt();
-    if (std::min(width, height) >= 1 && std::max(width, height) <= kLongestSide) return {};
-    return "a size is written WIDTHxHEIGHT, in pixels up to 10000, not " + text;
+    const auto complain = [read](std::string& text) {
+        const auto value = read(QString::fromStdString(text));
+        return value ? std::string() : value.error().message.toStdString();
+    };
+    return {complain, ""};
 }
-
-std::string checkJobs(const std::string& text)
-{
-    bool isNumber = false;
-    const int jobs = QString::fromStdString(text).toInt(&isNumber);
-    if (text == "auto" || (isNumber && jobs >= 1 && jobs <= kMostJobs)) return {};
-    return "the number of jobs is auto or 1 to 64, not " + text;
-}
-
-std::string checkFormats(const std::string& text)
-{
-    static const QRegularExpression pattern(u"^(png|jpeg|gif|bmp|tiff)(,(png|jpeg|gif|bmp|tiff))*$"_s);
-    if (pattern.match(QString::fromStdString(text)).hasMatch()) return {};
-    return "the formats are png, jpeg, gif, bmp and tiff, not " + text;
-}
-
-std::string checkNaming(const std::string& text)
-{
-    if (text == "url" || text == "number") return {};
-    const auto checked = checkNameTemplate(QString::fromStdString(text));
-    return checked ? std::string() : checked.error().message.toStdString();
-}
-
-CLI::Validator check(std::string (*function)(const std::string&)) { return {function, "", ""}; }
 
 } // namespace
 
@@ -80,6 +54,8 @@ OptionSet::OptionSet(Arguments& arguments) : m_app(kDescription, "vistrel-batch"
     defineInput(arguments);
     defineImages(arguments);
     definePages(arguments);
+    defineLook(arguments);
+    defineRequests(arguments);
     defineRun(arguments);
     defineProgram(arguments);
 }
@@ -104,12 +80,12 @@ void OptionSet::defineImages(Arguments& given)
         ->group(kImages);
     keep(m_app.add_option("-f,--format", given.formats, "png, jpeg, gif, bmp or tiff; several with commas"))
         ->type_name("FORMAT")
-        ->check(check(checkFormats))
+        ->check(check(readFormats))
         ->capture_default_str()
         ->group(kImages);
     keep(m_app.add_option("--name", given.naming, "Name the files by url, by number, or by a template"))
         ->type_name("NAMING")
-        ->check(check(checkNaming))
+        ->check(check(readNaming))
         ->capture_default_str()
         ->group(kImages);
     keep(m_app.add_flag("--overwrite,!--no-overwrite", given.overwrite,
@@ -123,7 +99,7 @@ void OptionSet::defineImages(Arguments& given)
         ->group(kImages);
     keep(m_app.add_option("--thumbnail", given.thumbnail, "Write a thumbnail of this size beside each image"))
         ->type_name("WxH")
-        ->check(check(checkSize))
+        ->check(check(readSize))
         ->capture_default_str()
         ->group(kImages);
 }
@@ -140,7 +116,23 @@ void OptionSet::definePages(Arguments& given)
         ->check(CLI::Range(0.1, kLongestSeconds))
         ->capture_default_str()
         ->group(kPages);
+    keep(m_app.add_option("--wait-for", given.awaitedElement,
+                          "Wait until an element matches, within the time-out"))
+        ->type_name("SELECTOR")
+        ->check(check(readLine))
+        ->group(kPages);
+    keep(m_app.add_option("--wait-until", given.waitUntil,
+                          "load, or idle: nothing fetched for 0.5 s; a quarter of the time-out at most"))
+        ->type_name("STATE")
+        ->check(CLI::IsMember({"load", "idle"}))
+        ->capture_default_str()
+        ->group(kPages);
     keep(m_app.add_flag("--no-script", given.noScript, "Do not run the pages' scripts"), &given.noScript)
+        ->group(kPages);
+    keep(m_app.add_option("--script", given.script,
+                          "Run this file in each page once it is loaded; it may use await"))
+        ->type_name("FILE")
+        ->check(check(readTextFile))
         ->group(kPages);
     keep(m_app.add_option("--confine", given.confinement, "Local pages see no file outside this folder"))
         ->type_name("DIR")
@@ -148,16 +140,83 @@ void OptionSet::definePages(Arguments& given)
         ->group(kPages);
 }
 
+void OptionSet::defineLook(Arguments& given)
+{
+    keep(m_app.add_option("--viewport", given.viewport, "Size of the window that the pages are laid out in"))
+        ->type_name("WxH")
+        ->check(check(readSize))
+        ->capture_default_str()
+        ->group(kLook);
+    keep(m_app.add_option("--scale", given.scale, "Pixels of the image for one of the page, 0.5 to 4"))
+        ->type_name("N")
+        ->check(CLI::Range(0.5, 4.0))
+        ->capture_default_str()
+        ->group(kLook);
+    keep(m_app.add_flag("--visible-only", given.windowOnly, "Only what the window shows, not the whole page"),
+         &given.windowOnly)
+        ->group(kLook);
+    keep(
+        m_app.add_option("--max-height", given.maxHeight, "Cut pages that are taller, in pixels of the page"))
+        ->type_name("N")
+        ->check(CLI::Range(1, kTallest))
+        ->group(kLook);
+    keep(m_app.add_option("--selector", given.element, "Only the first element that matches"))
+        ->type_name("SELECTOR")
+        ->check(check(readLine))
+        ->group(kLook);
+    keep(m_app.add_flag("--dark", given.dark, "Ask for dark colours"), &given.dark)->group(kLook);
+    keep(m_app.add_option("--css", given.style, "Add the style rules in this file"))
+        ->type_name("FILE")
+        ->check(check(readTextFile))
+        ->group(kLook);
+    keep(m_app.add_option("--hide", given.hidden, "Leave out the elements that match; may be repeated"))
+        ->type_name("SELECTOR")
+        ->allow_extra_args(false)
+        ->check(check(readLine))
+        ->group(kLook);
+}
+
+void OptionSet::defineRequests(Arguments& given)
+{
+    keep(m_app.add_option("--lang", given.languages, "Ask for pages in these languages, best first"))
+        ->type_name("LANG,...")
+        ->check(check(readLanguages))
+        ->group(kRequests);
+    keep(m_app.add_option("--user-agent", given.userAgent, "What the browser calls itself"))
+        ->type_name("TEXT")
+        ->check(check(readLine))
+        ->group(kRequests);
+    keep(m_app.add_option("--header", given.headers,
+                          "Send \"Name: value\" to the pages' own hosts alone; may be repeated"))
+        ->type_name("TEXT")
+        ->allow_extra_args(false)
+        ->check(check(readHeader))
+        ->group(kRequests);
+    keep(m_app.add_option("--cookie", given.cookies,
+                          "Send \"name=value\" to the pages' own hosts alone; may be repeated"))
+        ->type_name("TEXT")
+        ->allow_extra_args(false)
+        ->check(check(readCookie))
+        ->group(kRequests);
+    keep(m_app.add_option("--proxy", given.proxy, "Reach all hosts but this one through a proxy"))
+        ->type_name("ADDRESS")
+        ->check(check(readProxy))
+        ->group(kRequests);
+    keep(m_app.add_flag("--insecure", given.insecure, "Show pages whose certificates are not valid"),
+         &given.insecure)
+        ->group(kRequests);
+}
+
 void OptionSet::defineRun(Arguments& given)
 {
     m_app.add_option("-j,--jobs", given.jobs, "Pages at a time, or auto: by cores and memory")
         ->type_name("N")
-        ->check(check(checkJobs))
+        ->check(check(readJobs))
         ->capture_default_str()
         ->group(kRun);
     m_app.add_option("--per-host", given.perHost, "Pages of one host at a time; 0: any number")
         ->type_name("N")
-        ->check(CLI::Range(0, kMostJobs))
+        ->check(CLI::Range(0, kMostPerHost))
         ->capture_default_str()
         ->group(kRun);
     m_app.add_option("--per-host-delay", given.perHostDelay, "Pause between two pages of one host")

@@ -19,8 +19,25 @@ struct Arguments {
     std::string thumbnail;
     double delay = 0;
     double timeout = 30;
+    std::string awaitedElement;
+    std::string waitUntil = "load";
     bool noScript = false;
+    std::string script; // A file.
     std::string confinement;
+    std::string viewport = "1280x800";
+    double scale = 1;
+    bool windowOnly = false;
+    int maxHeight = 0;
+    std::string element;
+    bool dark = false;
+    std::string style; // A file.
+    std::vector<std::string> hidden;
+    std::string languages;
+    std::string userAgent;
+    std::vector<std::string> headers;
+    std::vector<std::string> cookies;
+    std::string proxy;
+    bool insecure = false;
     std::string config;
     std::string jobs = "auto";
     int perHost = 0;
@@ -60,6 +77,8 @@ private:
     void defineInput(Arguments& arguments);
     void defineImages(Arguments& arguments);
     void definePages(Arguments& arguments);
+    void defineLook(Arguments& arguments);
+    void defineRequests(Arguments& arguments);
     void defineRun(Arguments& arguments);
     void defineProgram(Arguments& arguments);
     CLI::Option* keep(CLI::Option* option, const bool* flag = nullptr);

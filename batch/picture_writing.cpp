@@ -38,15 +38,15 @@ Result<EncodedFiles> encode(const WritingJob& job)
 /// Writes files until one cannot be written; takes back those of this call then.
 std::optional<WriteProblem> writeAll(const OutputFiles& files, const EncodedFiles& encoded, IfExists ifExists)
 {
-    QList<std::pair<QString, QByteArray>> todo;
+    QList<std::pair<QString, QByteArray>> pending;
     for (qsizetype i = 0; i < files.images.size(); ++i)
-        todo.append({files.images[i], encoded.images[i]});
-    if (!files.thumbnail.isEmpty()) todo.append({files.thumbnail, encoded.thumbnail});
-    for (qsizetype i = 0; i < todo.size(); ++i) {
-        auto problem = writeWholeFile(todo[i].first, todo[i].second, ifExists);
+        pending.append({files.images[i], encoded.images[i]});
+    if (!files.thumbnail.isEmpty()) pending.append({files.thumbnail, encoded.thumbnail});
+    for (qsizetype i = 0; i < pending.size(); ++i) {
+        auto problem = writeWholeFile(pending[i].first, pending[i].second, ifExists);
         if (!problem) continue;
         for (qsizetype written = 0; written < i; ++written)
-            QFile::remove(todo[written].first);
+            QFile::remove(pending[written].first);
         return problem;
     }
     return std::nullopt;

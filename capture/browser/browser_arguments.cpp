@@ -48,13 +48,24 @@ QStringList drawingArguments()
             u"--disable-renderer-backgrounding"_s};
 }
 
+/// Who the browser is to its servers, and how it gets there.
+QStringList networkArguments(const BrowserOptions& options)
+{
+    QStringList arguments;
+    if (!options.language.isEmpty()) arguments += u"--accept-lang="_s + options.language;
+    if (!options.userAgent.isEmpty()) arguments += u"--user-agent="_s + options.userAgent;
+    if (!options.proxy.isEmpty()) arguments += u"--proxy-server="_s + options.proxy;
+    if (options.takeBadCertificates) arguments += u"--ignore-certificate-errors"_s;
+    return arguments;
+}
+
 } // namespace
 
 QStringList browserArguments(const BrowserOptions& options, const QString& profileFolder)
 {
     QStringList arguments{u"--headless"_s, u"--remote-debugging-pipe"_s,
                           u"--user-data-dir="_s + profileFolder};
-    arguments += quietArguments() + drawingArguments();
+    arguments += quietArguments() + drawingArguments() + networkArguments(options);
     if (QStorageInfo(u"/dev/shm"_s).bytesTotal() < kEnoughSharedMemory)
         arguments += u"--disable-dev-shm-usage"_s;
     if (!options.sandbox) arguments += u"--no-sandbox"_s;

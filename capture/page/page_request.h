@@ -12,19 +12,44 @@
 namespace vistrel
 {
 
+/// A header of HTTP requests.
+struct RequestHeader {
+    QString name;
+    QString value;
+};
+
 /// What to capture and how. The defaults are the wizard's.
 struct PageRequest {
     /// http, https or file, best first: the next one is tried where one cannot be reached. At least one.
     QList<QUrl> addresses;
-    /// The longest time from the opening of the page to its picture; 0 means 30 s.
-    std::chrono::milliseconds timeout = std::chrono::seconds(30);
-    std::chrono::milliseconds delay{
-        0};                    ///< Wait between the page being ready and its picture; within timeout.
-    bool allowScript = true;   ///< Whether the page's own scripts run.
-    QSize viewport{1280, 800}; ///< CSS px. The picture is the whole page, at least this size.
     /// For a local page: the folder outside of which it sees no file; empty: it sees what a browser shows it.
     QString confinement;
-    /// How the browser hands the pixels over: Png is lossless, Jpeg is for those who want nothing else.
+    QList<RequestHeader> headers; ///< Sent to the own host alone; see RequestHeaders.
+    QList<RequestHeader> cookies; ///< Likewise.
+
+    // ---- When the picture is taken ----
+    /// The longest time from the opening of the page to its picture; 0 means 30 s.
+    std::chrono::milliseconds timeout = std::chrono::seconds(30);
+    QString awaitedElement;  ///< A CSS selector: not before an element matches; empty: no such wait.
+    bool awaitsIdle = false; ///< Not before the page has fetched nothing for a while; see adaptPage().
+    std::chrono::milliseconds delay{0}; ///< Wait after the page is ready; within timeout.
+
+    // ---- How the page looks ----
+    bool allowScript = true;   ///< Whether the page's own scripts run.
+    QSize viewport{1280, 800}; ///< CSS px.
+    double scale = 1;          ///< Device pixels of a CSS px: 0.5 to 4, in hundredths.
+    bool dark = false;         ///< Whether the reader prefers dark colours, as far as the page asks.
+    QString style;             ///< CSS rules beside the page's own.
+    QStringList hidden;        ///< CSS selectors of what is left out.
+    QString script; ///< Body of an async function that runs in the page once it is loaded; empty: none.
+
+    // ---- What is in the picture: the whole page, at least the viewport ----
+    bool windowOnly = false; ///< The viewport alone.
+    QString element;         ///< A CSS selector: the box of the first element that matches alone.
+    int maxHeight = 0;       ///< CSS px at which the picture is cut; 0: nowhere.
+
+    // ---- How the browser hands the pixels over ----
+    /// Png is lossless, Jpeg is for those who want nothing else.
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80; ///< 1 to 100; only for Encoding::Jpeg.
 };

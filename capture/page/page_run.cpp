@@ -1,6 +1,9 @@
 #include "capture/page/page_run.h"
 
 #include "capture/page/local_files.h"
+#include "capture/page/page_setup.h"
+#include "capture/page/page_steps.h"
+#include "capture/page/request_headers.h"
 #include "capture/page/screenshot.h"
 #include "capture/page/settling.h"
 #include "platform/log.h"
@@ -62,6 +65,7 @@ Task<Result<PageShot>> PageRun::run()
                        [this] { runOut(); });
     auto shot = co_await runOpened();
     m_files.reset();
+    m_headers.reset();
     m_watch.reset();
     m_session->end(cancelled());
     m_target.reset();
@@ -108,10 +112,13 @@ Task<Result<void>> PageRun::prepare()
         if (m_watch->isLoaded()) report(kLoaded);
     });
     guardLocalFiles();
+    addHeaders();
     m_session->post(u"Page.enable"_s);
     m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
     m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
     m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
+    const auto cookies = giveCookies(*m_session, m_request);
+    if (m_request.dark) preferDarkColours(*m_session);
     const auto sized = resize(m_request.viewport);
     // The empty page's renderer takes its orders one after the other, and a navigation takes along only those
     // that it has confirmed: so the last of them is waited for.
@@ -120,6 +127,8 @@ Task<Result<void>> PageRun::prepare()
     if (!confirmed) co_return confirmed.error().during(u"preparing the page"_s);
     const auto resized = co_await sized;
     if (!resized) co_return resized.error().during(u"preparing the page"_s);
+    const auto given = co_await cookies;
+    if (!given) co_return given.error().during(u"preparing the page's cookies"_s);
     co_return Result<void>();
 }
 
@@ -130,12 +139,20 @@ void PageRun::guardLocalFiles()
         m_files = std::make_unique<LocalFiles>(*m_session, m_browser->account(), m_request.confinement);
 }
 
+void PageRun::addHeaders()
+{
+    const bool local = m_request.addresses.first().isLocalFile();
+    if (local || m_request.headers.isEmpty()) return;
+    m_headers = std::make_unique<RequestHeaders>(*m_session, m_request.headers, m_request.addresses);
+}
+
 Completion<Reply> PageRun::resize(QSize viewport)
 {
-    return m_session->call(u"Emulation.setDeviceMetricsOverride"_s, {{u"width"_s, viewport.width()},
-                                                                     {u"height"_s, viewport.height()},
-                                                                     {u"deviceScaleFactor"_s, 1},
-                                                                     {u"mobile"_s, false}});
+    return m_session->call(u"Emulation.setDeviceMetricsOverride"_s,
+                           {{u"width"_s, viewport.width()},
+                            {u"height"_s, viewport.height()},
+                            {u"deviceScaleFactor"_s, m_request.scale},
+                            {u"mobile"_s, false}});
 }
 
 Task<Result<void>> PageRun::load()
@@ -214,12 +231,14 @@ Task<Result<void>> PageRun::settle()
 {
     for (int documents = 0; documents < kMostDocuments; ++documents) {
         const QString document = m_watch->loaderId();
+        const auto adapted = co_await adapt();
+        if (!adapted) co_return adapted.error();
         const auto growth = co_await settlePage(m_session, m_watch->mainFrame());
         if (!m_session->isOpen()) co_return growth.error();
         const auto quiet = co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
                                                      u"the page's requests"_s);
         if (!m_session->isOpen()) co_return quiet.error();
-        const int hidden = growth ? *growth : 0;
+        const int hidden = growth && !m_request.windowOnly ? *growth : 0;
         const auto grown = co_await resize(m_request.viewport + QSize(0, hidden));
         if (!grown) co_return grown.error();
         if (m_watch->loaderId() == document && !m_watch->isLeaving()) {
@@ -230,6 +249,16 @@ Task<Result<void>> PageRun::settle()
         if (!loaded) co_return loaded.error();
     }
     warn(u"the page kept changing its address"_s);
+    co_return Result<void>();
+}
+
+Task<Result<void>> PageRun::adapt()
+{
+    const auto warnings = co_await adaptPage(m_session, *m_watch, m_request);
+    if (!warnings) co_return warnings.error();
+    for (const QString& words : *warnings)
+        warn(words);
+    m_request.script.clear(); // It runs once, whatever documents follow.
     co_return Result<void>();
 }
 
@@ -248,11 +277,26 @@ Task<Result<PagePicture>> PageRun::shoot()
     }
 }
 
+/// The area that the picture shows, CSS px.
+Task<Result<QRect>> PageRun::measure()
+{
+    auto area = Result<QRect>(QRect(QPoint(0, 0), m_request.viewport));
+    if (!m_request.element.isEmpty())
+        area = co_await measureElement(m_session, m_watch->mainFrame(), m_request.element);
+    else if (!m_request.windowOnly)
+        area = co_await measurePage(m_session, m_request.viewport);
+    if (area && m_request.maxHeight > 0) area->setHeight(std::min(area->height(), m_request.maxHeight));
+    co_return area;
+}
+
 Task<Result<PagePicture>> PageRun::shootOnce()
 {
-    const auto area = co_await measurePage(m_session, m_request.viewport, m_browser->longestSide());
+    const auto area = co_await measure();
     if (!area) co_return area.error();
-    ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide()};
+    ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide(),
+                          m_request.scale};
+    const auto checked = checkArea(*area, settings);
+    if (!checked) co_return checked.error();
     if (stripRows(*area, settings) < area->height())
         settings.encoding = PagePicture::Encoding::Png; // Strips are joined and encoded anew: once is enough.
     co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {

@@ -10,6 +10,7 @@ namespace vistrel
 {
 
 class LocalFiles;
+class RequestHeaders;
 
 /// Captures one page: opens it in a context of its own, loads, waits, settles, measures, takes the picture,
 /// closes. Whatever goes wrong, it ends within its request's timeout plus the closing, and leaves the browser
@@ -44,6 +45,7 @@ private:
     Task<Result<void>> open();
     Task<Result<void>> prepare();
     void guardLocalFiles();
+    void addHeaders();
     Completion<Reply> resize(QSize viewport);
     Task<Result<void>> load();
     Task<Result<void>> navigateToFirstReachable();
@@ -51,7 +53,9 @@ private:
     Task<Result<void>> waitForDocument();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
+    Task<Result<void>> adapt();
     Task<Result<PagePicture>> shoot();
+    Task<Result<QRect>> measure();
     Task<Result<PagePicture>> shootOnce();
     void runOut();
     Result<void> checkDocument() const;
@@ -65,6 +69,7 @@ private:
     std::shared_ptr<Session> m_session;
     std::unique_ptr<PageWatch> m_watch;
     std::unique_ptr<LocalFiles> m_files;
+    std::unique_ptr<RequestHeaders> m_headers;
     QStringList m_warnings;
     int m_percent = -1;
     bool m_cancelled = false;

@@ -36,8 +36,7 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
              w.m_leaving &= p[u"frameId"].toString() != w.m_mainFrame;
          }},
         {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
-        {u"Network.requestWillBeSent"_s,
-         [](PageWatch& w, const QJsonObject& p) { w.m_requests.insert(p[u"requestId"].toString()); }},
+        {u"Network.requestWillBeSent"_s, [](PageWatch& w, const QJsonObject& p) { w.countRequest(p); }},
         {u"Network.responseReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.followResponse(p); }},
         {u"Network.dataReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.countBytes(p); }},
         {u"Network.loadingFinished"_s,
@@ -63,6 +62,12 @@ void PageWatch::answerDialog(const QJsonObject& params)
     const bool leaving = params[u"type"].toString() == u"beforeunload";
     m_session.post(u"Page.handleJavaScriptDialog"_s, {{u"accept"_s, leaving}});
     if (++m_dialogs > kMostDialogs) giveUp(Error::Kind::Page, u"the page opens dialog after dialog"_s);
+}
+
+void PageWatch::countRequest(const QJsonObject& params)
+{
+    m_requests.insert(params[u"requestId"].toString());
+    ++m_requestCount;
 }
 
 void PageWatch::followNavigation(const QJsonObject& frame)

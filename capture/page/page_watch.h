@@ -36,6 +36,8 @@ public:
     [[nodiscard]] bool isLeaving() const { return m_leaving; }
     /// No request of the page is under way.
     [[nodiscard]] bool isQuiet() const { return m_requests.isEmpty(); }
+    /// How many requests it has sent so far.
+    [[nodiscard]] int requestCount() const { return m_requestCount; }
     /// The browser shows an error page of its own in place of the document.
     [[nodiscard]] bool showsErrorPage() const { return m_errorPage; }
     [[nodiscard]] const QUrl& address() const { return m_address; }
@@ -51,6 +53,7 @@ Q_SIGNALS:
 private:
     void take(const QString& method, const QJsonObject& params);
     void answerDialog(const QJsonObject& params);
+    void countRequest(const QJsonObject& params);
     void followNavigation(const QJsonObject& frame);
     void followLifecycle(const QJsonObject& params);
     void followResponse(const QJsonObject& params);
@@ -62,6 +65,7 @@ private:
     QString m_loaderId;
     QUrl m_address;
     QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
+    int m_requestCount = 0;
     qint64 m_bytes = 0;
     std::optional<Error> m_failure;
     int m_httpStatus = 0;

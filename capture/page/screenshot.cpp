@@ -11,6 +11,9 @@ namespace vistrel
 namespace
 {
 
+/// So many CSS px are whole pixels at every scale in hundredths.
+constexpr int kWholePixels = 100;
+
 /// 15 s and 1 s for each million pixels.
 Session::Limit drawingLimit(QSize size)
 {
@@ -52,19 +55,29 @@ QRect contentArea(const QJsonObject& content, QSize viewport)
 
 int stripRows(QRect area, const ShotSettings& settings)
 {
-    return int(std::clamp(kMostStripPixels / area.width(), qint64(1), qint64(settings.longestSide)));
+    const double byPixels = double(kMostStripPixels) / (area.width() * settings.scale);
+    const int rows = int(std::clamp(byPixels, 1.0, double(settings.longestSide)) / settings.scale);
+    const int whole = settings.scale == 1 ? 1 : kWholePixels;
+    return std::max(rows / whole, 1) * whole;
 }
 
-Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide)
+Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport)
 {
     const auto metrics = co_await session->call(u"Page.getLayoutMetrics"_s);
     if (!metrics) co_return metrics.error().during(u"measuring the page"_s);
-    const QRect area = contentArea(metrics->result.value(u"cssContentSize"_s).toObject(), viewport);
-    if (area.width() <= longestSide && qint64(area.width()) * area.height() <= kMostPixels) co_return area;
-    const QString words = u"the page is %1 x %2 px, over the cap of %3 px in width or %4 million pixels"_s;
-    co_return Error{Error::Kind::TooLarge,
-                    words.arg(area.width()).arg(area.height()).arg(longestSide).arg(kMostPixels / 1000000),
-                    {}};
+    co_return contentArea(metrics->result.value(u"cssContentSize"_s).toObject(), viewport);
+}
+
+Result<void> checkArea(QRect area, const ShotSettings& settings)
+{
+    const QSize size = area.size() * settings.scale;
+    if (size.width() <= settings.longestSide && qint64(size.width()) * size.height() <= kMostPixels)
+        return {};
+    const QString words = u"the picture is %1 x %2 px, over the cap of %3 px in width or %4 million pixels"_s;
+    return Error{
+        Error::Kind::TooLarge,
+        words.arg(size.width()).arg(size.height()).arg(settings.longestSide).arg(kMostPixels / 1000000),
+        {}};
 }
 
 Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect area, ShotSettings settings,
@@ -74,10 +87,11 @@ Task<Result<PagePicture>> takePicture(std::shared_ptr<Session> session, QRect ar
     const int rows = stripRows(area, settings);
     for (int row = 0; row < area.height(); row += rows) {
         const QRect strip(area.x(), area.y() + row, area.width(), std::min(rows, area.height() - row));
+        const QSize size = strip.size() * settings.scale;
         auto reply = co_await session->call(u"Page.captureScreenshot"_s, stripParams(strip, settings),
-                                            drawingLimit(strip.size()));
+                                            drawingLimit(size));
         if (!reply) co_return reply.error().during(u"taking the picture"_s);
-        const auto added = picture.addStrip(std::move(reply->data), strip.size());
+        const auto added = picture.addStrip(std::move(reply->data), size);
         if (!added) co_return added.error().during(u"taking the picture"_s);
         progress(row + strip.height());
     }

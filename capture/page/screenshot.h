@@ -20,18 +20,21 @@ constexpr qint64 kMostPixels = 256LL * 1000 * 1000;
 /// reaches further is a carousel or parked out of sight, and the picture is one window wide.
 constexpr int kMostWindowWidths = 2;
 
-/// The whole page's rectangle in CSS px: its content and at least the viewport. Error::Kind::TooLarge past
-/// kMostPixels or wider than longestSide.
-Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport, int longestSide);
+/// The whole page's rectangle in CSS px: its content and at least the viewport.
+Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport);
 
 /// How a picture is taken.
 struct ShotSettings {
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80;
     int longestSide = 16384; ///< Pixels that the browser draws right in one piece.
+    double scale = 1;        ///< Pixels of a CSS px, in hundredths.
 };
 
-/// How many rows of area are taken in one piece.
+/// Error::Kind::TooLarge for an area whose picture would pass kMostPixels or be wider than longestSide.
+Result<void> checkArea(QRect area, const ShotSettings& settings);
+
+/// How many rows of area, in CSS px, are taken in one piece. Pieces end where a whole pixel does.
 int stripRows(QRect area, const ShotSettings& settings);
 
 /// Takes area, strip by strip from the top. progress is called after each strip with the rows done so far.

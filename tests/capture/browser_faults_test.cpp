@@ -27,11 +27,19 @@ protected:
         return path;
     }
 
+    static BrowserOptions optionsFor(const QString& path, std::chrono::milliseconds limit = 10s)
+    {
+        BrowserOptions options;
+        options.program = path;
+        options.startLimit = limit;
+        return options;
+    }
+
     /// Starts it, without having it draw anything first.
     Result<void> start(const QString& name, std::chrono::milliseconds limit = 10s)
     {
         browser = Browser::create();
-        return await(browser->start({program(name), true, limit}));
+        return await(browser->start(optionsFor(program(name), limit)));
     }
 
     Result<PageShot> captureWith(const QString& name, std::chrono::milliseconds timeout = 2s)
@@ -65,7 +73,7 @@ TEST_F(BrowserFaults, OneThatDoesNotStartIsQuotedWithTheRemedy)
     const auto silent = start(u"silent"_s, 300ms);
     ASSERT_FALSE(silent);
     EXPECT_TRUE(silent.error().text().contains(u"0.3 s")) << silent.error().text().toStdString();
-    const auto missing = await(BrowserKeeper({u"/no/such/browser"_s}).browser(1s));
+    const auto missing = await(BrowserKeeper(optionsFor(u"/no/such/browser"_s)).browser(1s));
     ASSERT_FALSE(missing);
     EXPECT_TRUE(missing.error().text().contains(u"/no/such/browser"));
 }
@@ -89,7 +97,7 @@ TEST_F(BrowserFaults, OneThatBreaksOffIsFaulty)
 
 TEST_F(BrowserFaults, OneThatDrawsWrongIsNotUsed)
 {
-    BrowserKeeper keeper({program(u"good"_s)});
+    BrowserKeeper keeper(optionsFor(program(u"good"_s)));
     const auto refused = await(keeper.browser(10s));
     ASSERT_FALSE(refused);
     EXPECT_TRUE(refused.error().text().contains(u"does not draw right"))

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "capture/page/page_request.h"
+#include "capture/page/page_watch.h"
+#include "capture/page/page_world.h"
+
+#include <QRect>
+
+namespace vistrel
+{
+
+// What a request asks for beyond a plain visit, once its page is loaded. A selector that is none gives
+// Error::Kind::Usage.
+
+/// Adds the request's style to the document that watch follows, runs the request's script among the page's
+/// own, and waits for its element, however long that takes, and until the page is idle: no request has been
+/// under way for 500 ms, or a quarter of the time-out has passed, since pages that poll never are. Returns
+/// what went wrong without being the picture's end, in words for a person. Once the session has ended, fails
+/// with its reason. watch must outlive the task.
+Task<Result<QStringList>> adaptPage(std::shared_ptr<Session> session, const PageWatch& watch,
+                                    PageRequest request);
+
+/// The box of the first element that matches selector, in CSS px of the page, widened to whole ones.
+/// Error::Kind::Page when none matches, or it has no box.
+Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString frameId, QString selector);
+
+} // namespace vistrel
