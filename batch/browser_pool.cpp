@@ -1,6 +1,7 @@
 #include "batch/browser_pool.h"
 
 #include "capture/page/checked_browser.h"
+#include "platform/log.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +39,32 @@ Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
 
 Task<> BrowserPool::startBrowser()
 {
+    m_starting = true;
+    Result<void> started = co_await startOnce();
+    for (int failures = 1; !started && m_hasStarted && failures <= kMostRestarts && !m_stopped; ++failures) {
+        qCWarning(logBrowser).noquote() << "the browser did not start again:" << started.error().text();
+        const auto waited = co_await pause(failures);
+        if (waited) started = co_await startOnce();
+    }
+    m_starting = false;
+    m_hasStarted = m_hasStarted || started.ok();
+    settleWaiters(started ? Result(m_browser) : Result<std::shared_ptr<Browser>>(started.error()));
+}
+
+Task<Result<void>> BrowserPool::startOnce()
+{
     retire();
     const auto browser = m_browser = Browser::create();
-    m_starting = true;
     m_pages = 0;
-    const auto started = co_await startChecked(browser, m_options);
-    m_starting = false;
-    settleWaiters(started ? Result(browser) : Result<std::shared_ptr<Browser>>(started.error()));
+    co_return co_await startChecked(browser, m_options);
+}
+
+Completion<void> BrowserPool::pause(int failures)
+{
+    m_pause = Completion<void>();
+    QTimer::singleShot(std::chrono::seconds(1 << (failures - 1)), this,
+                       [pause = m_pause] { pause.settle({}); });
+    return m_pause;
 }
 
 void BrowserPool::retire()
@@ -71,6 +91,7 @@ void BrowserPool::settleWaiters(const Result<std::shared_ptr<Browser>>& result)
 void BrowserPool::stop()
 {
     m_stopped = true;
+    m_pause.settle(stopped());
     retire();
     const auto browsers = m_retired;
     for (const auto& browser : browsers)

@@ -20,13 +20,16 @@ class BrowserPool : public QObject
 public:
     /// A browser's memory grows with the pages that it has shown.
     static constexpr int kPagesPerBrowser = 100;
+    static constexpr int kMostRestarts = 5;
 
     explicit BrowserPool(BrowserOptions options);
     /// Ends the browsers. Not inside a signal of one of them; no task may be waiting any more.
     ~BrowserPool() override { stop(); }
 
     /// The browser to open the next page in, started when there is none; those who ask meanwhile wait for the
-    /// same start. Fails as Browser::start does, or with Error::Kind::Cancelled after stop().
+    /// same start. Where one has run before, a start that fails is tried again kMostRestarts times, after 1,
+    /// 2, 4, ... s: the machine may be short of something for a while. Fails as Browser::start does, or with
+    /// Error::Kind::Cancelled after stop().
     Task<Result<std::shared_ptr<Browser>>> browser();
 
     /// Kills the browsers' processes; whatever waits for them ends with Error::Kind::Cancelled.
@@ -35,6 +38,8 @@ public:
 private:
     using Waiter = Completion<std::shared_ptr<Browser>>;
     Task<> startBrowser();
+    Task<Result<void>> startOnce();
+    Completion<void> pause(int failures);
     void retire();
     void dropIdle();
     void settleWaiters(const Result<std::shared_ptr<Browser>>& result);
@@ -44,7 +49,9 @@ private:
     QList<std::shared_ptr<Browser>> m_retired; // Still showing pages, perhaps.
     QList<Waiter> m_waiters;                   // While m_browser is starting.
     QTimer m_sweep;                            // While there is a retired one.
+    Completion<void> m_pause;                  // Between two starts.
     bool m_starting = false;
+    bool m_hasStarted = false; // One of them, at some time.
     bool m_stopped = false;
     int m_pages = 0; // Opened in m_browser.
 };
