@@ -1,5 +1,6 @@
 #include "batch/picture_writing.h"
 
+#include "capture/image/blank_check.h"
 #include "platform/whole_file.h"
 
 #include <QCryptographicHash>
@@ -60,7 +61,8 @@ std::variant<OutputFiles, Attempt> writeUnderFreeName(WritingJob& job, const Enc
     const bool replace = job.tools.plan.overwrite || job.entry.begun;
     for (;;) {
         if (job.entry.name.isEmpty()) {
-            const auto name = job.tools.names.claim(job.entry.entry, {job.shot.picture.size()});
+            const auto name =
+                job.tools.names.claim(job.entry.entry, {job.shot.picture.size()});
             if (!name) return unwritable(name.error().text());
             job.entry.name = *name;
         }
@@ -78,7 +80,10 @@ std::variant<OutputFiles, Attempt> writeUnderFreeName(WritingJob& job, const Enc
 
 QString noteOn(const PageShot& shot)
 {
-    return shot.httpStatus >= 400 ? u"HTTP %1"_s.arg(shot.httpStatus) : QString();
+    QStringList notes;
+    if (shot.httpStatus >= 400) notes += u"HTTP %1"_s.arg(shot.httpStatus);
+    if (isBlank(shot.picture)) notes += u"blank, one colour only"_s;
+    return notes.join(u"; "_s);
 }
 
 Outcome success(const WritingJob& job, const OutputFiles& files, const QByteArray& image)

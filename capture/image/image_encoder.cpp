@@ -2,11 +2,10 @@
 
 #include "capture/image/bitmap_writer.h"
 #include "capture/image/gif_writer.h"
+#include "capture/image/strip_decoder.h"
 
 #include <QHash>
 #include <QRect>
-
-#include <vips/vips8>
 
 #include <algorithm>
 #include <cmath>
@@ -25,17 +24,6 @@ constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL;     // Its header has 32 bit
 constexpr qint64 kLargestGifFrame = 25LL * 1000 * 1000; // libvips refuses larger ones.
 constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
 
-/// Starts the library once per process. Its operation cache would only keep pictures alive that nobody asks
-/// for again.
-void prepareLibrary()
-{
-    [[maybe_unused]] static const bool ready = [] {
-        if (VIPS_INIT("vistrel") != 0) qFatal("libvips cannot be started");
-        vips_cache_set_max(0);
-        return true;
-    }();
-}
-
 Error libraryError(const vips::VError& problem)
 {
     return {Error::Kind::Format, QString::fromLocal8Bit(problem.what()).trimmed(), u"encoding the picture"_s};
@@ -51,17 +39,6 @@ Result<QByteArray> guarded(Step step)
     } catch (const vips::VError& problem) {
         return libraryError(problem);
     }
-}
-
-VImage decodeStrip(const QByteArray& strip, PagePicture::Encoding encoding)
-{
-    const auto options = VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL);
-    VipsBlob* blob = vips_blob_new(nullptr, strip.constData(), size_t(strip.size()));
-    VImage image = encoding == PagePicture::Encoding::Png ? VImage::pngload_buffer(blob, options)
-                                                          : VImage::jpegload_buffer(blob, options);
-    vips_area_unref(VIPS_AREA(blob));
-    if (!image.has_alpha()) return image;
-    return image.flatten(VImage::option()->set("background", std::vector<double>{255, 255, 255}));
 }
 
 /// All strips as one image, decoded as it is read, from top to bottom.

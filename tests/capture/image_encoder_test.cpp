@@ -1,3 +1,4 @@
+#include "capture/image/blank_check.h"
 #include "capture/image/drawing_check.h"
 #include "capture/image/image_encoder.h"
 
@@ -32,7 +33,7 @@ QByteArray encoded(const QImage& image, const char* format)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format, 95);
+    image.save(&buffer, format, qstrcmp(format, "PNG") == 0 ? -1 : 95); // For PNG, 95 is hardly compressed.
     return bytes;
 }
 
@@ -152,6 +153,25 @@ TEST(ImageEncoder, WhatAFormatCannotHoldIsRefused)
     EXPECT_LT(difference(QImage::fromData(*encodeImage(picture(large, {26000, 1000}), ImageFormat::Gif, 80)),
                          large),
               12);
+}
+
+TEST(BlankCheck, OnlyPicturesOfOneColourAreBlank)
+{
+    QImage paper(300, 200, QImage::Format_RGB32);
+    paper.fill(QColor(18, 52, 86));
+    EXPECT_TRUE(isBlank(picture(paper, {200})));
+    EXPECT_TRUE(isBlank(picture(paper, {120, 79, 1})));
+    PagePicture jpeg(PagePicture::Encoding::Jpeg);
+    ASSERT_TRUE(jpeg.addStrip(encoded(paper, "JPEG"), paper.size()).ok());
+    EXPECT_TRUE(isBlank(jpeg));
+    paper.setPixel(299, 199, qRgb(18, 52, 87));
+    EXPECT_FALSE(isBlank(picture(paper, {200})));
+    EXPECT_FALSE(isBlank(picture(paper, {199, 1})));
+    paper.fill(Qt::white);
+    paper.setPixel(0, 0, qRgb(0, 0, 0));
+    EXPECT_FALSE(isBlank(picture(paper, {200})));
+    EXPECT_FALSE(isBlank(picture(sample({300, 200}), {200})));
+    EXPECT_FALSE(isBlank({}));
 }
 
 TEST(DrawingCheck, FindsTheFirstRepeatedRow)
