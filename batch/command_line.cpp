@@ -97,6 +97,7 @@ void fillPages(Plan& plan, const Arguments& given)
     plan.page.awaitsIdle = given.waitUntil == "idle";
     plan.page.allowScript = !given.noScript;
     plan.page.script = contentOf(given.script);
+    plan.page.wantsTitle = plan.naming.contains(u"{title}"_s);
     plan.page.confinement = QString::fromStdString(given.confinement);
     plan.page.encoding = jpegAlone ? PagePicture::Encoding::Jpeg : PagePicture::Encoding::Png;
     plan.page.jpegQuality = given.quality;

@@ -20,7 +20,8 @@ A list is a text file with one address or local HTML file a line; "-" reads it f
 Lines that begin with "*" and lines of at most one character are left out.)";
 
 const char* const kFooter =
-    R"(Names: url, number, or a template of {index} {host} {path} {date} {width} {height}.
+    R"(Names: url, number, or a template of {index} {host} {path} {title} {date}
+{width} {height}.
 The output folder keeps a journal of the run; --resume goes on where the run ended, however it ended.
 Exit codes: 0 all converted, 1 some entries failed, 2 usage, 3 the browser could not be started,
 130 and 143 interrupted.)";

@@ -20,7 +20,8 @@ namespace vistrel
 namespace
 {
 
-constexpr qsizetype kLongestName = 255; // Bytes; what Linux file systems take.
+constexpr qsizetype kLongestName = 255;  // Bytes; what Linux file systems take.
+constexpr qsizetype kLongestTitle = 120; // Bytes in a name.
 const QString kThumbnailMark = u"_T"_s;
 const QRegularExpression kToken(u"\\{([^{}]*)\\}"_s);
 
@@ -59,18 +60,6 @@ QString pathPart(const QUrl& url)
     return path.isEmpty() ? u"index"_s : path;
 }
 
-QString shortHash(const QString& name)
-{
-    return QString::fromLatin1(
-        QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex().first(8));
-}
-
-bool fileOrLinkExists(const QString& path)
-{
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
-}
-
 QString cutToBytes(const QString& text, qsizetype bytes)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -84,11 +73,33 @@ QString cutToBytes(const QString& text, qsizetype bytes)
     return text.left(end);
 }
 
+/// A page's title on one line, without what would show another name than there is.
+QString titlePart(const QString& title)
+{
+    static const QRegularExpression invisible(
+        u"[\\x{80}-\\x{9f}\\x{200e}\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}]"_s);
+    const QString shown = QString(title).remove(invisible).simplified();
+    return shown.isEmpty() ? u"untitled"_s : cutToBytes(shown, kLongestTitle);
+}
+
+QString shortHash(const QString& name)
+{
+    return QString::fromLatin1(
+        QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex().first(8));
+}
+
+bool fileOrLinkExists(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
 } // namespace
 
 Result<void> checkNameTemplate(const QString& text)
 {
-    static const QStringList known{u"index"_s, u"host"_s, u"path"_s, u"date"_s, u"width"_s, u"height"_s};
+    static const QStringList known{u"index"_s, u"host"_s,  u"path"_s,  u"title"_s,
+                                   u"date"_s,  u"width"_s, u"height"_s};
     bool varies = false;
     for (const auto& match : kToken.globalMatch(text)) {
         const QString token = match.captured(1);
@@ -116,6 +127,7 @@ QString plainName(const Entry& entry, const QString& naming, const PageFacts& fa
     const QHash<QString, QString> values{{u"index"_s, QString::number(entry.number)},
                                          {u"host"_s, url.isLocalFile() ? u"local"_s : url.host()},
                                          {u"path"_s, pathPart(url)},
+                                         {u"title"_s, titlePart(facts.title)},
                                          {u"date"_s, today.toString(Qt::ISODate)},
                                          {u"width"_s, QString::number(facts.size.width())},
                                          {u"height"_s, QString::number(facts.size.height())}};
@@ -157,7 +169,8 @@ OutputNames::OutputNames(const Plan& plan, Journal& journal)
 
 bool OutputNames::dependOnPage() const
 {
-    return m_naming.contains(u"{width}"_s) || m_naming.contains(u"{height}"_s);
+    return m_naming.contains(u"{width}"_s) || m_naming.contains(u"{height}"_s) ||
+           m_naming.contains(u"{title}"_s);
 }
 
 Result<QString> OutputNames::claim(const Entry& entry, const PageFacts& facts)

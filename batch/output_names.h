@@ -16,7 +16,8 @@ struct OutputFiles {
 
 /// What a name template may ask for beyond the entry itself.
 struct PageFacts {
-    QSize size; ///< Of the picture, px.
+    QSize size;    ///< Of the picture, px.
+    QString title; ///< Of the page, as the page has it.
 };
 
 /// Whether text can be a --name template: it names something that differs from entry to entry, and nothing

@@ -62,7 +62,7 @@ std::variant<OutputFiles, Attempt> writeUnderFreeName(WritingJob& job, const Enc
     for (;;) {
         if (job.entry.name.isEmpty()) {
             const auto name =
-                job.tools.names.claim(job.entry.entry, {job.shot.picture.size()});
+                job.tools.names.claim(job.entry.entry, {job.shot.picture.size(), job.shot.title});
             if (!name) return unwritable(name.error().text());
             job.entry.name = *name;
         }

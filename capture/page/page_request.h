@@ -52,6 +52,8 @@ struct PageRequest {
     /// Png is lossless, Jpeg is for those who want nothing else.
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80; ///< 1 to 100; only for Encoding::Jpeg.
+
+    bool wantsTitle = false; ///< Whether PageShot::title is to be filled.
 };
 
 /// A page's picture and what is worth knowing of how it came about.
@@ -59,6 +61,7 @@ struct PageShot {
     PagePicture picture;
     QUrl finalAddress;    ///< After redirects.
     int httpStatus = 0;   ///< 0 for local files.
+    QString title;        ///< As the page has it; empty when it has none or none was wanted.
     QStringList warnings; ///< What the picture may lack, in words for a person.
 };
 

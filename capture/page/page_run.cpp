@@ -86,8 +86,10 @@ Task<Result<PageShot>> PageRun::runOpened()
     if (!loaded) co_return loaded.error();
     auto picture = co_await shoot();
     if (!picture) co_return picture.error();
+    QString title;
+    if (m_request.wantsTitle) title = co_await readTitle(m_session, m_watch->mainFrame());
     report(kDone);
-    co_return PageShot{std::move(*picture), m_watch->address(), m_watch->httpStatus(), m_warnings};
+    co_return PageShot{std::move(*picture), m_watch->address(), m_watch->httpStatus(), title, m_warnings};
 }
 
 Task<Result<void>> PageRun::open()

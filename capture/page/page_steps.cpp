@@ -96,14 +96,15 @@ Task<Result<void>> runInPage(std::shared_ptr<Session> session, QString script)
 Task<Result<void>> waitForElement(std::shared_ptr<Session> session, QString frameId, QString selector)
 {
     auto world = co_await PageWorld::enter(session, frameId);
-    for (;;) {
-        const auto found = world ? co_await findElement(*world, selector) : Result<Box>(world.error());
-        if (found && *found) co_return Result<void>();
-        if (!session->isOpen()) break;
-        if (!found && found.error().kind == Error::Kind::Usage) co_return found.error();
+    while (session->isOpen()) {
+        if (world) {
+            const auto found = co_await findElement(*world, selector);
+            if (found && *found) co_return Result<void>();
+            if (!found && found.error().kind == Error::Kind::Usage) co_return found.error();
+            if (!found) world = found.error();
+        }
         const auto paused = co_await session->pause(kLookInterval);
-        if (!paused) break;
-        if (!found) world = co_await PageWorld::enter(session, frameId); // The page shows another document.
+        if (paused && !world) world = co_await PageWorld::enter(session, frameId); // Of the next document.
     }
     const Error& end = session->reason();
     co_return Error{end.kind, u"no element matched \"%1\": %2"_s.arg(selector, end.message), end.context};
@@ -161,6 +162,14 @@ Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString fra
     const QRect box = (*found)->toAlignedRect();
     if (box.isEmpty()) co_return Error{Error::Kind::Page, u"nothing is shown of the first "_s + which, {}};
     co_return box;
+}
+
+Task<QString> readTitle(std::shared_ptr<Session> session, QString frameId)
+{
+    const auto world = co_await PageWorld::enter(std::move(session), std::move(frameId));
+    if (!world) co_return QString();
+    const auto title = co_await world->evaluate(u"document.title"_s);
+    co_return title ? title->toString() : QString();
 }
 
 } // namespace vistrel

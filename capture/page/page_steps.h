@@ -24,4 +24,7 @@ Task<Result<QStringList>> adaptPage(std::shared_ptr<Session> session, const Page
 /// Error::Kind::Page when none matches, or it has no box.
 Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString frameId, QString selector);
 
+/// The document's title, empty when there is none.
+Task<QString> readTitle(std::shared_ptr<Session> session, QString frameId);
+
 } // namespace vistrel

@@ -103,8 +103,14 @@ TEST_F(OutputNamesTest, ATemplateIsFilledFromTheEntry)
               (QStringList{u"1-a.example_x_y.png"_s, u"2-b.example_index.png"_s}));
     Entry entry;
     entry.text = entry.target = u"http://a/"_s;
-    EXPECT_EQ(plainName(entry, u"{date} {width}x{height} {host}"_s, {QSize(3, 4)}, QDate(2024, 2, 29)),
+    EXPECT_EQ(plainName(entry, u"{date} {width}x{height} {host}"_s, {QSize(3, 4), {}}, QDate(2024, 2, 29)),
               u"2024-02-29 3x4 a"_s);
+    const QList<std::pair<QString, QString>> titles{{u" Tea:\n\t green/black "_s, u"Tea_ green_black"_s},
+                                                    {u"../..\u202eexe"_s, u"_.._..exe"_s},
+                                                    {u""_s, u"untitled"_s},
+                                                    {u"\u00e9"_s.repeated(500), u"\u00e9"_s.repeated(60)}};
+    for (const auto& [title, name] : titles)
+        EXPECT_EQ(plainName(entry, u"{title}"_s, {QSize(), title}), name);
 }
 
 TEST_F(OutputNamesTest, ANameIsFreeOnlyWhenItIsSoInEveryFormat)

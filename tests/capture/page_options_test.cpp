@@ -78,22 +78,25 @@ TEST_F(PageOptions, TheReadersStyleAndScriptComeOnTopOfThePages)
 {
     PageRequest request;
     request.dark = true;
+    request.wantsTitle = true;
     request.style = u"#style { background: blue !important }"_s;
     request.hidden = QStringList{u".banner"_s, u"[role=dialog]"_s};
     request.script = u"await null; document.getElementById('script').style.background = pageColour;\n"
                      "document.body.append(document.createElement('aside')); // the end"_s;
-    const QByteArray html = "<!doctype html><style>div { height: 40px } @media (prefers-color-scheme: dark) "
-                            "{ #dark { background: "
-                            "green } }</style><body style='margin:0'><div class=banner></div><section "
-                            "role=dialog style='height:9px'>"
-                            "</section><div id=dark></div><div id=style></div><div "
-                            "id=script></div><script>pageColour = 'red'</script>";
+    const QByteArray html =
+        "<!doctype html><title>Tea</title><style>div { height: 40px } @media (prefers-color-scheme: dark) "
+        "{ #dark { background: "
+        "green } }</style><body style='margin:0'><div class=banner></div><section "
+        "role=dialog style='height:9px'>"
+        "</section><div id=dark></div><div id=style></div><div "
+        "id=script></div><script>pageColour = 'red'</script>";
     const auto shot = captureHtml(html, request);
     const QImage picture = image(shot);
     EXPECT_EQ(pixel(picture, 20, 20), kGreen);
     EXPECT_EQ(pixel(picture, 20, 60), kBlue);
     EXPECT_EQ(pixel(picture, 20, 100), kRed);
     EXPECT_TRUE(shot->warnings.isEmpty());
+    EXPECT_EQ(shot->title, u"Tea"_s);
     for (const QString& script :
          {u"throw new Error('out of tea')"_s, u"await Promise.reject('out of tea')"_s}) {
         request.script = script;
