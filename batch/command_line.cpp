@@ -144,6 +144,7 @@ Plan planOf(const Arguments& given, const OptionSet& options)
 {
     Plan plan;
     plan.lists = texts(given.lists);
+    plan.sitemaps = texts(given.sitemaps);
     plan.addresses = texts(given.addresses);
     fillImages(plan, given);
     fillPages(plan, given);
@@ -224,8 +225,9 @@ std::variant<Plan, Answer> parseNew(const QStringList& arguments)
 /// What options that are right one by one make wrong together; empty when all is well.
 QString objectionTo(const Plan& plan)
 {
-    if (!plan.resume && plan.lists.isEmpty() && plan.addresses.isEmpty())
-        return u"there is nothing to convert: give a list file, or a page with --url"_s;
+    const bool nothing = plan.lists.isEmpty() && plan.sitemaps.isEmpty() && plan.addresses.isEmpty();
+    if (nothing && !plan.resume)
+        return u"there is nothing to convert: give a list file, a page with --url, or a --sitemap"_s;
     if (!plan.page.script.isEmpty() && !plan.page.allowScript)
         return u"--script needs pages whose scripts run: leave out --no-script"_s;
     if (!plan.page.element.isEmpty() && plan.page.windowOnly)

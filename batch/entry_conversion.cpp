@@ -1,6 +1,8 @@
 #include "batch/entry_conversion.h"
 
+#include "batch/host_limits.h"
 #include "batch/picture_writing.h"
+#include "batch/sitemap_source.h"
 #include "capture/page/address.h"
 
 #include <QCoroFuture>
@@ -46,6 +48,12 @@ bool isPassing(int httpStatus)
 {
     return httpStatus == 408 || httpStatus == 429 || httpStatus == 500 ||
            (httpStatus >= 502 && httpStatus <= 504);
+}
+
+/// A sitemap from the network says which pages there are, not which hosts get to see the user's headers.
+bool mayTakeHeaders(const Entry& entry)
+{
+    return !SitemapSource::isAddress(entry.list) || hostOf(entry.list) == hostOf(entry.target);
 }
 
 } // namespace
@@ -108,6 +116,10 @@ Task<Result<PageShot>> EntryConversion::takeShot(std::shared_ptr<Browser> browse
     if (!addresses) co_return addresses.error();
     PageRequest request = m_tools.plan.page;
     request.addresses = *addresses;
+    if (!mayTakeHeaders(m_entry.entry)) {
+        request.headers.clear();
+        request.cookies.clear();
+    }
     m_run = PageRun::create(std::move(browser), std::move(request));
     co_return co_await m_run->run();
 }

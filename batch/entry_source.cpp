@@ -15,38 +15,61 @@ namespace
 
 const QString kStandardInput = u"-"_s;
 
+Result<void> checkFile(const QString& path, const QString& what)
+{
+    const QFileInfo file(path);
+    if (!file.exists()) return Error{Error::Kind::Io, u"there is no %1 %2"_s.arg(what, path), {}};
+    if (!file.isDir() && file.isReadable()) return {};
+    return Error{Error::Kind::Io, u"the %1 %2 cannot be read"_s.arg(what, path), {}};
+}
+
 } // namespace
 
 Result<void> EntrySource::check(const Plan& plan)
 {
     for (const QString& path : plan.lists) {
-        const QFileInfo file(path);
         if (path == kStandardInput) continue;
-        if (!file.exists()) return Error{Error::Kind::Io, u"there is no list file %1"_s.arg(path), {}};
-        if (file.isDir() || !file.isReadable())
-            return Error{Error::Kind::Io, u"the list file %1 cannot be read"_s.arg(path), {}};
+        const auto readable = checkFile(path, u"list file"_s);
+        if (!readable) return readable;
+    }
+    for (const QString& sitemap : plan.sitemaps) {
+        if (SitemapSource::isAddress(sitemap)) continue;
+        const auto readable = checkFile(sitemap, u"sitemap"_s);
+        if (!readable) return readable;
     }
     return {};
 }
 
 Result<std::optional<Entry>> EntrySource::next()
 {
+    auto entry = nextOfLists();
+    if (entry && !*entry) entry = nextOfSitemaps();
+    if (entry && !*entry) entry = nextAddress();
+    if (entry && *entry) (*entry)->number = ++m_lastNumber;
+    return entry;
+}
+
+Result<std::optional<Entry>> EntrySource::nextOfLists()
+{
     for (;;) {
         auto entry = m_reader ? m_reader->next() : std::nullopt;
-        if (!entry && m_nextList < m_plan.lists.size()) {
-            const auto opened = openList(m_plan.lists[m_nextList++]);
-            if (!opened) return opened.error();
-            continue;
-        }
-        if (!entry) entry = nextAddress();
-        if (entry) entry->number = ++m_lastNumber;
-        return entry;
+        if (entry || m_nextList == m_plan.lists.size()) return entry;
+        const auto opened = openList(m_plan.lists[m_nextList++]);
+        if (!opened) return opened.error();
+    }
+}
+
+Result<std::optional<Entry>> EntrySource::nextOfSitemaps()
+{
+    for (;;) {
+        auto entry = m_sitemap ? m_sitemap->next() : Result(std::optional<Entry>());
+        if (!entry || *entry || m_nextSitemap == m_plan.sitemaps.size()) return entry;
+        m_sitemap.emplace(m_plan, m_plan.sitemaps[m_nextSitemap++]);
     }
 }
 
 std::optional<Entry> EntrySource::nextAddress()
 {
-    m_reader.reset();
     while (m_nextAddress < m_plan.addresses.size()) {
         Entry entry;
         entry.text = entryOfLine(m_plan.addresses[m_nextAddress++]);

@@ -68,6 +68,12 @@ void OptionSet::defineInput(Arguments& given)
         ->type_name("ADDRESS")
         ->allow_extra_args(false)
         ->group(kInput);
+    keep(m_app.add_option("--sitemap", given.sitemaps,
+                          "All pages of a sitemap, an address or a file; may be repeated"))
+        ->type_name("SITEMAP")
+        ->allow_extra_args(false)
+        ->check(check(readLine))
+        ->group(kInput);
     m_app.add_option("--config", given.config, "Take the defaults from the settings file of the wizard")
         ->type_name("FILE")
         ->group(kInput);

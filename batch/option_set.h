@@ -10,6 +10,7 @@ namespace vistrel
 /// The options as they are written.
 struct Arguments {
     std::vector<std::string> lists;
+    std::vector<std::string> sitemaps;
     std::vector<std::string> addresses;
     std::string output = ".";
     std::string formats = "png"; // Separated by commas.

@@ -14,7 +14,8 @@ namespace vistrel
 struct Plan {
     // ---- What is converted ----
     QStringList lists;     ///< Paths of list files; "-" is standard input.
-    QStringList addresses; ///< Entries given on the command line; they follow those of the lists.
+    QStringList sitemaps;  ///< Addresses or paths; their pages follow those of the lists.
+    QStringList addresses; ///< Entries given on the command line; they come last.
 
     // ---- Into what ----
     QString outputFolder = QStringLiteral(".");

@@ -5,13 +5,14 @@
 
 # shellcheck disable=SC2034  # The scripts that source this file read the lists.
 build_packages=(cmake ninja-build g++ pkg-config
-    qt6-base-dev libgl-dev qcoro-qt6-dev libvips-dev libcgif-dev libcli11-dev libsqlite3-dev)
+    qt6-base-dev libgl-dev qcoro-qt6-dev libvips-dev libcgif-dev libcli11-dev libsqlite3-dev zlib1g-dev)
 
 # The fonts are those that pages without fonts of their own need: Latin, Arabic, Chinese, Japanese, Korean, emoji.
+# The certificates are for fetching sitemaps.
 run_packages=('chromium-headless-shell|chromium'
-    fonts-dejavu-core fonts-hosny-amiri fonts-noto-cjk fonts-noto-color-emoji)
+    fonts-dejavu-core fonts-hosny-amiri fonts-noto-cjk fonts-noto-color-emoji ca-certificates)
 
-test_packages=(git libgtest-dev libgmock-dev libbenchmark-dev libtiff-dev zlib1g-dev procps
+test_packages=(git libgtest-dev libgmock-dev libbenchmark-dev libtiff-dev procps
     clang-format clang-tidy-16 xvfb openbox xdotool python3)
 
 is_installed() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed* ]]; }
