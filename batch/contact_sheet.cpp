@@ -37,6 +37,7 @@ article img { width: 100%; height: 180px; object-fit: cover; object-position: to
 article p { margin: 4px 0 0; overflow: hidden; text-overflow: ellipsis; white-space: nowrap; }
 article .why { white-space: normal; color: var(--bad); padding: 8px; overflow-wrap: anywhere; }
 .odd { color: var(--odd); }
+#states { display: flex; flex-wrap: wrap; gap: 8px; }
 small { opacity: .7; }
 </style></head><body>
 <header><input type="search" placeholder="Search address, file, reason" aria-label="Search">
@@ -50,7 +51,7 @@ const char* const kBottom = R"html(
   reason: e[7], note: e[8] }));
 for (const e of entries) e.search = [e.text, e.file, e.reason, e.note].join('\n').toLowerCase();
 
-const boxWidth = 260, boxHeight = 252, gap = 12;
+const boxWidth = 260, boxHeight = 272, gap = 12;
 const main = document.querySelector('main'), search = document.querySelector('input');
 let state = 'all', shown = entries, drawn = new Map();
 
@@ -97,8 +98,8 @@ function draw() {
 }
 
 const isState = { all: () => true, converted: e => e.state === 'converted' && !e.note,
-  odd: e => e.state === 'converted' && e.note, failed: e => e.state === 'failed',
-  skipped: e => e.state === 'skipped' };
+  'HTTP error': e => e.note.includes('HTTP'), blank: e => e.note.includes('blank'),
+  failed: e => e.state === 'failed', skipped: e => e.state === 'skipped' };
 
 function filter() {
   const words = search.value.toLowerCase().split(/\s+/).filter(word => word);
