@@ -68,13 +68,6 @@ QList<RequestHeader> valuesOf(const std::vector<std::string>& texts,
     return values;
 }
 
-/// Content of a file that was there when the options were checked.
-QString contentOf(const std::string& path)
-{
-    const auto content = path.empty() ? Result(QString()) : readTextFile(QString::fromStdString(path));
-    return content ? *content : QString();
-}
-
 void fillImages(Plan& plan, const Arguments& given)
 {
     plan.outputFolder = QDir::cleanPath(QString::fromStdString(given.output));
@@ -96,7 +89,6 @@ void fillPages(Plan& plan, const Arguments& given)
     plan.page.awaitedElement = QString::fromStdString(given.awaitedElement);
     plan.page.awaitsIdle = given.waitUntil == "idle";
     plan.page.allowScript = !given.noScript;
-    plan.page.script = contentOf(given.script);
     plan.page.wantsTitle = plan.naming.contains(u"{title}"_s);
     plan.page.confinement = QString::fromStdString(given.confinement);
     plan.page.encoding = jpegAlone ? PagePicture::Encoding::Jpeg : PagePicture::Encoding::Png;
@@ -111,7 +103,6 @@ void fillLook(PageRequest& page, const Arguments& given)
     page.maxHeight = given.maxHeight;
     page.element = QString::fromStdString(given.element);
     page.dark = given.dark;
-    page.style = contentOf(given.style);
     page.hidden = texts(given.hidden);
 }
 
@@ -158,6 +149,25 @@ Plan planOf(const Arguments& given, const OptionSet& options)
 Answer usageError(const QString& what)
 {
     return {ExitCode::Usage, u"vistrel-batch: %1\nTry vistrel-batch --help.\n"_s.arg(what)};
+}
+
+/// The plan with the files that belong to it, each read once: it may be a pipe.
+std::variant<Plan, Answer> completePlan(const Arguments& given, const OptionSet& options)
+{
+    struct File {
+        QString option;
+        std::string path;
+        QString* content;
+    };
+    Plan plan = planOf(given, options);
+    for (const File& file : {File{u"--script"_s, given.script, &plan.page.script},
+                             File{u"--css"_s, given.style, &plan.page.style}}) {
+        if (file.path.empty()) continue;
+        const auto content = readTextFile(QString::fromStdString(file.path));
+        if (!content) return usageError(file.option + u": "_s + content.error().message);
+        *file.content = *content;
+    }
+    return plan;
 }
 
 /// Parses arguments over the values that given holds; nothing when that went well.
@@ -213,13 +223,13 @@ std::variant<Plan, Answer> parseNew(const QStringList& arguments)
     Arguments given;
     OptionSet first(given);
     if (const auto answer = parseInto(first, arguments)) return *answer;
-    if (given.config.empty()) return planOf(given, first);
+    if (given.config.empty()) return completePlan(given, first);
     const QString config = QString::fromStdString(given.config);
     if (!QFileInfo(config).isReadable()) return usageError(config + u" cannot be read"_s);
     given = defaultsFrom(loadConfig(config));
     OptionSet second(given);
     if (const auto answer = parseInto(second, arguments)) return *answer;
-    return planOf(given, second);
+    return completePlan(given, second);
 }
 
 /// What options that are right one by one make wrong together; empty when all is well.

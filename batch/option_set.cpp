@@ -139,7 +139,6 @@ void OptionSet::definePages(Arguments& given)
     keep(m_app.add_option("--script", given.script,
                           "Run this file in each page once it is loaded; it may use await"))
         ->type_name("FILE")
-        ->check(check(readTextFile))
         ->group(kPages);
     keep(m_app.add_option("--confine", given.confinement, "Local pages see no file outside this folder"))
         ->type_name("DIR")
@@ -174,7 +173,6 @@ void OptionSet::defineLook(Arguments& given)
     keep(m_app.add_flag("--dark", given.dark, "Ask for dark colours"), &given.dark)->group(kLook);
     keep(m_app.add_option("--css", given.style, "Add the style rules in this file"))
         ->type_name("FILE")
-        ->check(check(readTextFile))
         ->group(kLook);
     keep(m_app.add_option("--hide", given.hidden, "Leave out the elements that match; may be repeated"))
         ->type_name("SELECTOR")
