@@ -32,6 +32,7 @@ Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
         if (!m_starting) startBrowser();
         const auto started = co_await waiter;
         if (!started) co_return started.error();
+        if (m_stopped) co_return stopped(); // By another one that waited for the same start.
     }
     ++m_pages;
     co_return Result(m_browser); // A copy: the task would move the member out.
