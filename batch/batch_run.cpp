@@ -149,7 +149,10 @@ Task<> BatchRun::record(PendingEntry entry, Outcome outcome)
             return m_journal->finish(number, outcome);
         });
         const Result<void> written = co_await writing;
-        if (!written) giveUp(ExitCode::SomeFailed, written.error().during(u"writing the journal"_s).text());
+        if (!written) {
+            giveUp(ExitCode::SomeFailed, written.error().during(u"writing the journal"_s).text());
+            co_return; // A resumed run tries it again.
+        }
     }
     m_progress.finished(entry.entry, outcome);
 }
