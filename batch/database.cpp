@@ -38,6 +38,7 @@ QString Database::Row::text(int column) const
 Result<std::unique_ptr<Database>> Database::open(const QString& path)
 {
     std::unique_ptr<Database> database(new Database);
+    database->m_path = path;
     const int code = sqlite3_open(path.toUtf8().constData(), &database->m_handle);
     if (code != SQLITE_OK) return database->lastError();
     const auto ready = database->setUp();
@@ -116,8 +117,8 @@ Error Database::lastError() const
     const int code = sqlite3_errcode(m_handle);
     const QString words = QString::fromUtf8(sqlite3_errmsg(m_handle));
     if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
-        return {Error::Kind::Closed, u"another run is using it"_s, {}};
-    return {code == SQLITE_FULL ? Error::Kind::TooLarge : Error::Kind::Io, words, {}};
+        return {Error::Kind::Closed, m_path + u": another run is using it"_s, {}};
+    return {code == SQLITE_FULL ? Error::Kind::TooLarge : Error::Kind::Io, m_path + u": "_s + words, {}};
 }
 
 } // namespace vistrel

@@ -21,7 +21,7 @@ class Database
 {
 public:
     /// Opens the file at path, creating it when it is missing. Errors: Io; Closed when another process has
-    /// it.
+    /// it. The words of all errors name the file.
     static Result<std::unique_ptr<Database>> open(const QString& path);
     ~Database();
     Database(const Database&) = delete;
@@ -64,6 +64,7 @@ private:
     Result<sqlite3_stmt*> prepared(const char* sql);
     [[nodiscard]] Error lastError() const;
 
+    QString m_path;
     sqlite3* m_handle = nullptr;
     QHash<const char*, sqlite3_stmt*> m_statements;
 };

@@ -62,10 +62,20 @@ Outcome outcomeOf(const Database::Row& row)
     return outcome;
 }
 
-void removeWithCompanions(const QString& path)
+/// Of a database's file, and of those that stay beside it when it could not be closed in order.
+const QStringList kEndings{QString(), u"-wal"_s, u"-shm"_s, u"-journal"_s};
+
+void removeAll(const QString& path)
 {
-    for (const QString& ending : {QString(), u"-wal"_s, u"-shm"_s, u"-journal"_s})
+    for (const QString& ending : kEndings)
         QFile::remove(path + ending);
+}
+
+void moveAll(const QString& path, const QString& newPath)
+{
+    removeAll(newPath);
+    for (const QString& ending : kEndings)
+        QFile::rename(path + ending, newPath + ending);
 }
 
 } // namespace
@@ -75,7 +85,7 @@ QString Journal::pathIn(const QString& folder) { return QDir(folder).filePath(kF
 Result<std::unique_ptr<Journal>> Journal::openFile(const QString& path)
 {
     auto database = Database::open(path);
-    if (!database) return database.error().during(u"opening the journal %1"_s.arg(path));
+    if (!database) return database.error().during(u"opening the journal"_s);
     return std::unique_ptr<Journal>(new Journal(std::move(*database)));
 }
 
@@ -88,17 +98,14 @@ Result<std::unique_ptr<Journal>> Journal::create(const QString& folder, const Op
         const auto filled = earlier ? (*earlier)->isFilled() : Result<bool>(false);
         const auto tally = filled && *filled ? (*earlier)->tally() : Result<Tally>(Tally());
         if (earlier) earlier->reset();
-        if (tally && tally->pending > 0) {
-            removeWithCompanions(QDir(folder).filePath(kEarlierName));
-            QFile::rename(path, QDir(folder).filePath(kEarlierName));
-        }
-        removeWithCompanions(path);
+        if (tally && tally->pending > 0) moveAll(path, QDir(folder).filePath(kEarlierName));
+        removeAll(path);
     }
     auto journal = openFile(path);
     if (!journal) return journal.error();
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner); // Cookies may be among the options.
     const auto ready = (*journal)->setUp(options);
-    if (!ready) return ready.error().during(u"writing the journal %1"_s.arg(path));
+    if (!ready) return ready.error().during(u"writing the journal"_s);
     return journal;
 }
 
