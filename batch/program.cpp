@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QTimer>
 
@@ -88,8 +89,17 @@ struct PreparedRun {
 
 Answer refusal(const Error& error) { return {ExitCode::Usage, u"vistrel-batch: %1\n"_s.arg(error.text())}; }
 
+Result<void> checkWritable(const QString& folder)
+{
+    if (isWritable(folder)) return {};
+    return Error{Error::Kind::Io, u"the folder %1 cannot be written"_s.arg(folder), {}};
+}
+
 std::variant<PreparedRun, Answer> resumeRun(const QStringList& arguments, const Plan& plan)
 {
+    const bool there = QFileInfo::exists(plan.outputFolder);
+    const auto writable = there ? checkWritable(plan.outputFolder) : Result<void>();
+    if (!writable) return refusal(writable.error());
     auto journal = Journal::open(plan.outputFolder);
     if (!journal) return refusal(journal.error());
     const auto options = (*journal)->options();
@@ -103,8 +113,9 @@ std::variant<PreparedRun, Answer> startRun(Plan plan)
 {
     const auto readable = EntrySource::check(plan);
     if (!readable) return refusal(readable.error());
-    if (!QDir().mkpath(plan.outputFolder) || !isWritable(plan.outputFolder))
-        return refusal({Error::Kind::Io, u"the folder %1 cannot be written"_s.arg(plan.outputFolder), {}});
+    QDir().mkpath(plan.outputFolder);
+    const auto writable = checkWritable(plan.outputFolder);
+    if (!writable) return refusal(writable.error());
     auto journal = Journal::create(plan.outputFolder, plan.options);
     if (!journal) return refusal(journal.error());
     return PreparedRun{std::move(plan), *std::move(journal)};
