@@ -1,0 +1,136 @@
+"""What vistrel-batch does to servers, with shortcuts and on a terminal, with the real browser."""
+import fcntl
+import itertools
+import json
+import os
+import pty
+import re
+import struct
+import termios
+import threading
+import time
+import unittest
+
+from tests.support.batch_program import CONVERTED, FAILED, BatchTest, pictures
+
+
+def page(exchange):
+    exchange.reply('<!doctype html><p>a page')
+
+
+def flaky(exchange):
+    if exchange.number <= 2:
+        exchange.reply('try later', status=503)
+    else:
+        page(exchange)
+
+
+class Retries(BatchTest):
+    routes = {'/page': page, '/flaky': flaky, '/down': lambda exchange: exchange.reply('no', status=503)}
+
+    def test_a_server_that_fails_for_a_moment_is_asked_again_with_growing_pauses(self):
+        report = self.folder / 'report.jsonl'
+        code, said = self.run_batch('--retry', 2, '--report', report,
+                                    self.write_list(map(self.server.url, ['/flaky', '/down', '/page'])))
+        self.assertEqual(code, 0, said)
+        first, second, third = self.server.arrivals('/flaky')
+        self.assertGreaterEqual(second - first, 1)
+        self.assertGreaterEqual(third - second, 2)
+        entries = [json.loads(line) for line in report.read_text().splitlines()]
+        self.assertEqual([(entry['attempts'], entry['note']) for entry in entries],
+                         [(3, None), (3, 'HTTP 503'), (1, None)])
+
+    def test_failed_entries_are_tried_again_only_when_that_is_asked_for(self):
+        broken = True
+        self.server.routes['/unsteady'] = lambda e: e.connection.close() if broken else page(e)
+        code, said = self.run_batch('--name', 'number', self.write_list(map(self.server.url, ['/page', '/unsteady'])))
+        self.assertEqual((code, self.states()), (1, {1: CONVERTED, 2: FAILED}), said)
+        broken = False
+        self.assertEqual(self.run_batch('--resume')[0], 1)
+        code, said = self.run_batch('--retry-failed')
+        self.assertEqual((code, sorted(pictures(self.out))), (0, ['1.png', '2.png']), said)
+        self.assertEqual(self.server.requests['/page'], 1)
+
+
+class Hosts(BatchTest):
+    """Of two hosts, both this machine, under its address and its name."""
+
+    def setUp(self):
+        super().setUp()
+        self.busy, self.most = 0, 0
+        self.lock = threading.Lock()
+        self.server.routes |= {'/one': self.slow, '/two': page}
+
+    def slow(self, exchange):
+        with self.lock:
+            self.busy += 1
+            self.most = max(self.most, self.busy)
+        time.sleep(0.3)
+        with self.lock:
+            self.busy -= 1
+        page(exchange)
+
+    def entries(self):
+        port = self.server.server_port
+        return self.write_list([f'http://127.0.0.1:{port}/one/{number}' for number in range(6)] +
+                               [f'http://localhost:{port}/two/{number}' for number in range(6)])
+
+    def test_no_more_pages_of_one_host_are_open_than_allowed(self):
+        self.assertEqual(self.run_batch('-j', 6, '--per-host', 2, self.entries())[0], 0)
+        self.assertEqual(self.most, 2)
+
+    def test_starts_of_one_host_are_apart_and_the_other_host_does_not_wait(self):
+        self.assertEqual(self.run_batch('-j', 4, '--per-host-delay', 0.6, self.entries())[0], 0)
+        for host in '/one', '/two':
+            # The first page of all comes late, after the browser's start; the browser's own way varies a little.
+            arrivals = self.server.arrivals(host)[1:]
+            pauses = [later - earlier for earlier, later in itertools.pairwise(arrivals)]
+            self.assertGreater(min(pauses), 0.4, pauses)
+        self.assertLess(self.server.arrivals('/two')[0], self.server.arrivals('/one')[2])
+
+
+class Shortcuts(BatchTest):
+    routes = {'/page': page}
+
+    def test_an_internet_shortcut_stands_for_its_address(self):
+        (self.folder / 'good.url').write_bytes(f'[InternetShortcut]\r\nURL={self.server.url("/page")}\r\n'.encode())
+        (self.folder / 'bare.url').write_bytes(b'[InternetShortcut]\r\n')
+        code, said = self.run_batch(self.write_list([self.folder / 'good.url', self.folder / 'bare.url']))
+        self.assertEqual((code, self.server.requests['/page'], len(pictures(self.out))), (1, 1, 1), said)
+        self.assertIn('holds no address', said)
+
+
+class Terminal(BatchTest):
+    COLUMNS = 50
+    CLEAR = '\r\x1b[K'
+    routes = {'/page': page}
+
+    def test_progress_is_one_line_and_only_failures_get_their_own(self):
+        entries = self.write_list([*(self.server.url(f'/page/{number}') for number in range(5)), '/no/such.html'])
+        shown, results = self.run_on_terminal('-j', 1, entries)
+        self.assertEqual(results, '')
+        progress = re.findall(r'\r\x1b\[K(\d+ of 6, [^\r\n]*)', shown)
+        self.assertEqual(sorted({int(line.split()[0]) for line in progress}), list(range(7)))
+        self.assertLess(max(map(len, progress)), self.COLUMNS)
+        printed = [line.rpartition(self.CLEAR)[2] for line in shown.split('\r\n')]
+        self.assertRegex(printed[0], r'^failed /no/such.html \(line 6\)')
+        self.assertRegex(printed[1], r'^5 converted, 1 failed in ')
+
+    def run_on_terminal(self, *arguments):
+        """What its terminal and its standard output got."""
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack('HHHH', 24, self.COLUMNS, 0, 0))
+        process = self.start(*arguments, stderr=theirs)
+        os.close(theirs)
+        shown = b''
+        try:
+            while part := os.read(ours, 4096):
+                shown += part
+        except OSError:
+            pass  # The other side is closed.
+        os.close(ours)
+        return shown.decode(), process.communicate()[0]
+
+
+if __name__ == '__main__':
+    unittest.main()
