@@ -27,6 +27,8 @@ bool isPassing(const Error& error)
     static const std::array codes{u"ERR_CONNECTION_"_s,
                                   u"ERR_TIMED_OUT"_s,
                                   u"ERR_EMPTY_RESPONSE"_s,
+                                  u"ERR_CONTENT_LENGTH_MISMATCH"_s,
+                                  u"ERR_INCOMPLETE_CHUNKED_ENCODING"_s,
                                   u"ERR_NETWORK_CHANGED"_s,
                                   u"ERR_ADDRESS_UNREACHABLE"_s,
                                   u"ERR_INTERNET_DISCONNECTED"_s,

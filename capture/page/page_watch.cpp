@@ -2,8 +2,6 @@
 
 #include "platform/log.h"
 
-#include <QHash>
-
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -32,17 +30,14 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
              w.m_leaving |= p[u"frameId"].toString() == w.m_mainFrame;
          }},
         {u"Page.frameStoppedLoading"_s,
-         [](PageWatch& w, const QJsonObject& p) {
-             w.m_leaving &= p[u"frameId"].toString() != w.m_mainFrame;
-         }},
+         [](PageWatch& w, const QJsonObject& p) { w.followStop(p[u"frameId"].toString()); }},
         {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
         {u"Network.requestWillBeSent"_s, [](PageWatch& w, const QJsonObject& p) { w.countRequest(p); }},
         {u"Network.responseReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.followResponse(p); }},
         {u"Network.dataReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.countBytes(p); }},
         {u"Network.loadingFinished"_s,
          [](PageWatch& w, const QJsonObject& p) { w.m_requests.remove(p[u"requestId"].toString()); }},
-        {u"Network.loadingFailed"_s,
-         [](PageWatch& w, const QJsonObject& p) { w.m_requests.remove(p[u"requestId"].toString()); }},
+        {u"Network.loadingFailed"_s, [](PageWatch& w, const QJsonObject& p) { w.followFailure(p); }},
         {u"Inspector.targetCrashed"_s,
          [](PageWatch& w, const QJsonObject&) {
              w.giveUp(Error::Kind::Page, u"the page crashed its renderer"_s);
@@ -92,13 +87,34 @@ void PageWatch::followLifecycle(const QJsonObject& params)
     if (name == u"load") m_loaded = true;
 }
 
+/// A page that leaves for what is no page, while it is still being parsed, stays where it is and is never
+/// told to be parsed or loaded.
+void PageWatch::followStop(const QString& frameId)
+{
+    if (frameId != m_mainFrame) return;
+    m_leaving = false;
+    if (m_loaderId.isEmpty() || m_errorPage) return;
+    m_parsed = true;
+    m_loaded = true;
+}
+
+void PageWatch::followFailure(const QJsonObject& params)
+{
+    const QString request = params[u"requestId"].toString();
+    m_requests.remove(request);
+    // The request for a document has its loader's id.
+    if (request != m_loaderId || m_errorPage || params[u"canceled"].toBool()) return;
+    giveUp(Error::Kind::Page, u"the document broke off: "_s + params[u"errorText"].toString());
+}
+
 void PageWatch::followResponse(const QJsonObject& params)
 {
     const bool document = params[u"type"].toString() == u"Document";
     const bool main = m_mainFrame.isEmpty() || params[u"frameId"].toString() == m_mainFrame;
     if (!document || !main) return;
     const QJsonObject response = params[u"response"].toObject();
-    if (response[u"url"].toString().startsWith(u"http")) m_httpStatus = response[u"status"].toInt();
+    if (response[u"url"].toString().startsWith(u"http"))
+        m_statuses.insert(params[u"loaderId"].toString(), response[u"status"].toInt());
 }
 
 void PageWatch::countBytes(const QJsonObject& params)

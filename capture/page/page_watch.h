@@ -2,6 +2,7 @@
 
 #include "capture/protocol/session.h"
 
+#include <QHash>
 #include <QSet>
 #include <QUrl>
 
@@ -42,7 +43,7 @@ public:
     [[nodiscard]] bool showsErrorPage() const { return m_errorPage; }
     [[nodiscard]] const QUrl& address() const { return m_address; }
     /// Of the document; 0 while unknown or not from a server.
-    [[nodiscard]] int httpStatus() const { return m_httpStatus; }
+    [[nodiscard]] int httpStatus() const { return m_statuses.value(m_loaderId); }
     /// Why the page was given up, as the session will soon end with; none while all is well.
     [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
 
@@ -56,6 +57,8 @@ private:
     void countRequest(const QJsonObject& params);
     void followNavigation(const QJsonObject& frame);
     void followLifecycle(const QJsonObject& params);
+    void followStop(const QString& frameId);
+    void followFailure(const QJsonObject& params);
     void followResponse(const QJsonObject& params);
     void countBytes(const QJsonObject& params);
     void giveUp(Error::Kind kind, const QString& why);
@@ -66,9 +69,9 @@ private:
     QUrl m_address;
     QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
     int m_requestCount = 0;
+    QHash<QString, int> m_statuses; // By loader id, of all that was answered in the main frame.
     qint64 m_bytes = 0;
     std::optional<Error> m_failure;
-    int m_httpStatus = 0;
     int m_dialogs = 0;
     int m_navigations = 0;
     bool m_parsed = false;
