@@ -69,7 +69,7 @@ HOSTILE = {
     'no-content': (lambda e: e.reply('', status=204), FAILED, 'ERR_ABORTED'),
     'download': (lambda e: e.reply('PK', 'application/zip'), FAILED, 'download'),
     'missing': (lambda e: e.reply('<p>no', status=404), CONVERTED, 'HTTP 404'),
-    'broken': (lambda e: e.reply('<p>no', status=500), CONVERTED, 'HTTP 500'),
+    'broken': (lambda e: e.reply('<p>no', status=501), CONVERTED, 'HTTP 501'),
     'buffers': (script('const kept = [1, 2, 3, 4].map(() => new Uint8Array(1 << 26).fill(7))'), CONVERTED, ''),
     'popups': (script('for (let i = 0; i < 200; ++i) open("/page/p" + i)'), CONVERTED, ''),
     'stays': (script('onbeforeunload = () => "stay"; print()'), CONVERTED, ''),
@@ -108,13 +108,14 @@ class Soak(BatchTest):
     def test_every_entry_ends_once_and_memory_stays_flat(self):
         expected = list(self.expected())
         started = time.monotonic()
-        process = self.start('-j', 2, '-f', 'jpeg', '--name', 'number', '--timeout', TIMEOUT_S, '--browser',
-                             self.browser(), self.write_list(address for address, _, _ in expected))
+        # A busy machine may let a harmless page wait too long, once.
+        process = self.start('-j', 2, '-f', 'jpeg', '--name', 'number', '--timeout', TIMEOUT_S, '--retry', 1,
+                             '--browser', self.browser(), self.write_list(address for address, _, _ in expected))
         lines, samples = self.follow(process)
         self.assertEqual(process.wait(30), 1)
+        self.tell(samples, time.monotonic() - started)
         self.assert_outcomes(expected, lines)
         self.assert_nothing_left()
-        self.tell(samples, time.monotonic() - started)
         if not SANITIZED:
             self.assertLess(max(sample.program for sample in samples), LARGEST_PROGRAM)
             self.assert_flat(samples)
