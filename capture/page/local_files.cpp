@@ -1,5 +1,6 @@
 #include "capture/page/local_files.h"
 
+#include "capture/page/archive.h"
 #include "platform/log.h"
 
 #include <QFile>
@@ -14,11 +15,6 @@ namespace vistrel
 
 namespace
 {
-
-bool isArchive(const QString& path)
-{
-    return path.endsWith(u".mht", Qt::CaseInsensitive) || path.endsWith(u".mhtml", Qt::CaseInsensitive);
-}
 
 QString contentType(const QString& path)
 {
@@ -52,9 +48,14 @@ QString contentType(const QString& path)
 Result<QUrl> LocalFiles::reachable(Browser& browser, const QUrl& address)
 {
     const QString path = address.toLocalFile();
-    if (!isArchive(path) || !browser.account() || browser.account()->canRead(path)) return address;
+    if (!isArchive(path)) return address;
+    const QByteArray repaired = archiveWithLineEnds(path);
+    const bool readable = !browser.account() || browser.account()->canRead(path);
+    if (repaired.isEmpty() && readable) return address;
     static int copies = 0;
-    const auto copy = browser.folder().copyIn(path, u"page%1.mht"_s.arg(++copies));
+    const QString name = u"page%1.mht"_s.arg(++copies);
+    const auto copy =
+        repaired.isEmpty() ? browser.folder().copyIn(path, name) : browser.folder().write(repaired, name);
     if (!copy) return copy.error();
     return QUrl::fromLocalFile(*copy);
 }
@@ -84,7 +85,8 @@ void LocalFiles::answer(const QJsonObject& params)
 
 bool LocalFiles::isConfined(const QString& path) const
 {
-    return m_confinement.isEmpty() || QFileInfo(path).canonicalFilePath().startsWith(m_confinement);
+    return m_confinement.isEmpty() || path == m_page ||
+           QFileInfo(path).canonicalFilePath().startsWith(m_confinement);
 }
 
 void LocalFiles::fulfil(const QString& requestId, const QString& path)

@@ -1,5 +1,6 @@
 #include "capture/page/page_run.h"
 
+#include "capture/page/archive.h"
 #include "capture/page/local_files.h"
 #include "capture/page/page_setup.h"
 #include "capture/page/page_steps.h"
@@ -30,9 +31,10 @@ constexpr int kDone = 100;
 
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
 constexpr Session::Limit kQuietLimit =
-    std::chrono::seconds(3);      // Long polls never end, and none waits for them.
-constexpr int kMostDocuments = 4; // That a page may lead through by itself.
-constexpr int kMostShots = 2;     // Of a page that changes its address while it is drawn.
+    std::chrono::seconds(3);             // Long polls never end, and none waits for them.
+constexpr int kProxyWantsPassword = 407; // Of HTTP; no page of the address.
+constexpr int kMostDocuments = 4;        // That a page may lead through by itself.
+constexpr int kMostShots = 2;            // Of a page that changes its address while it is drawn.
 
 Error cancelled() { return {Error::Kind::Cancelled, u"the capture was stopped"_s, {}}; }
 
@@ -161,7 +163,11 @@ Task<Result<void>> PageRun::load()
 {
     const auto navigated = co_await navigateToFirstReachable();
     if (!navigated) co_return navigated.error().during(u"loading the page"_s);
-    co_return co_await waitForDocument();
+    const auto loaded = co_await waitForDocument();
+    if (!loaded || !isArchive(m_request.addresses.first().toLocalFile())) co_return loaded;
+    const auto shown = co_await checkArchive(m_session, m_watch->mainFrame());
+    if (!shown) co_return shown.error().during(u"loading the page"_s);
+    co_return Result<void>();
 }
 
 Task<Result<void>> PageRun::waitForDocument()
@@ -194,6 +200,7 @@ Task<Result<void>> PageRun::navigate(QUrl address)
     const auto reachable =
         address.isLocalFile() ? LocalFiles::reachable(*m_browser, address) : Result<QUrl>(address);
     if (!reachable) co_return reachable.error();
+    if (m_files) m_files->expectPage(*reachable);
     const QJsonObject params{{u"url"_s, QString::fromUtf8(reachable->toEncoded())}};
     const auto reply = co_await m_session->call(u"Page.navigate"_s, params, m_request.timeout);
     if (!reply) co_return reply.error();
@@ -210,6 +217,8 @@ Task<Result<void>> PageRun::navigate(QUrl address)
 Result<void> PageRun::checkDocument() const
 {
     if (m_watch->failure()) return *m_watch->failure();
+    if (m_watch->httpStatus() == kProxyWantsPassword)
+        return Error{Error::Kind::Page, u"the proxy asks for a password"_s, {}};
     if (!m_watch->showsErrorPage()) return {};
     return Error{Error::Kind::Page, u"the browser shows an error page"_s, {}};
 }

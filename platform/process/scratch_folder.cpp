@@ -74,6 +74,22 @@ Result<QString> ScratchFolder::copyIn(const QString& source, const QString& name
     QFile::remove(path);
     QFile file(source);
     if (!file.copy(path)) return Error{Error::Kind::Io, source + u": "_s + file.errorString(), {}};
+    return handOver(path);
+}
+
+Result<QString> ScratchFolder::write(const QByteArray& bytes, const QString& name)
+{
+    QFile file(m_path + u'/' + name);
+    QFile::remove(file.fileName());
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    file.close();
+    if (!written || file.error() != QFileDevice::NoError)
+        return Error{Error::Kind::Io, file.fileName() + u": "_s + file.errorString(), {}};
+    return handOver(file.fileName());
+}
+
+Result<QString> ScratchFolder::handOver(const QString& path)
+{
     QFile::setPermissions(path, QFile::ReadOwner);
     if (m_account && !m_account->takeOver(path))
         return Error{Error::Kind::Io, path + u" cannot be handed to the browser's account"_s, {}};

@@ -34,7 +34,11 @@ public:
     /// read it. Returns the copy's path.
     Result<QString> copyIn(const QString& source, const QString& name);
 
+    /// The same with a file that holds bytes.
+    Result<QString> write(const QByteArray& bytes, const QString& name);
+
 private:
+    Result<QString> handOver(const QString& path);
     ScratchFolder(QString path, std::optional<Account> account);
 
     QString m_path;
