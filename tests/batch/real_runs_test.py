@@ -3,8 +3,10 @@ import fcntl
 import itertools
 import json
 import os
+import pathlib
 import pty
 import re
+import ssl
 import struct
 import termios
 import threading
@@ -12,6 +14,8 @@ import time
 import unittest
 
 from tests.support.batch_program import CONVERTED, FAILED, BatchTest, pictures
+
+CERTIFICATE = pathlib.Path(__file__).parent.parent / 'support' / 'self_signed.pem'  # Of "localhost", with its key.
 
 
 def page(exchange):
@@ -87,6 +91,27 @@ class Hosts(BatchTest):
             pauses = [later - earlier for earlier, later in itertools.pairwise(arrivals)]
             self.assertGreater(min(pauses), 0.4, pauses)
         self.assertLess(self.server.arrivals('/two')[0], self.server.arrivals('/one')[2])
+
+
+class BarredWays(BatchTest):
+    """What stands between the browser and a server is no page."""
+
+    def failed(self, address, **environment):
+        code, said = self.run_batch('--url', address, environment=environment)
+        self.assertEqual((code, self.states()), (1, {1: FAILED}), said)
+        return said
+
+    def test_a_certificate_that_nobody_vouches_for(self):
+        secure = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        secure.load_cert_chain(CERTIFICATE)
+        self.server.socket = secure.wrap_socket(self.server.socket, server_side=True)
+        self.assertIn('ERR_CERT_AUTHORITY_INVALID', self.failed(f'https://localhost:{self.server.server_port}/page'))
+
+    def test_a_proxy_that_is_down_or_wants_a_password(self):
+        self.assertIn('ERR_PROXY_CONNECTION_FAILED', self.failed('http://x.test/', http_proxy='http://127.0.0.1:1'))
+        self.server.routes['http://x.test/'] = lambda exchange: exchange.reply(
+            'who are you?', status=407, Proxy_Authenticate='Basic realm="proxy"')
+        self.assertIn('the proxy asks for a password', self.failed('http://x.test/', http_proxy=self.server.url('')))
 
 
 class Shortcuts(BatchTest):

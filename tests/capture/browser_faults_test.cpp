@@ -95,6 +95,16 @@ TEST_F(BrowserFaults, OneThatBreaksOffIsFaulty)
     EXPECT_FALSE(browser->isUsable());
 }
 
+TEST_F(BrowserFaults, OneThatDoesNotCloseItsPagesIsFaulty)
+{
+    EXPECT_EQ(failure(captureWith(u"never-closes"_s)), "");
+    QElapsedTimer clock;
+    clock.start();
+    while (browser->isUsable() && clock.elapsed() < 8000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    EXPECT_FALSE(browser->isUsable());
+}
+
 TEST_F(BrowserFaults, OneThatDrawsWrongIsNotUsed)
 {
     BrowserKeeper keeper(optionsFor(program(u"good"_s)));

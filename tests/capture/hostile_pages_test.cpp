@@ -39,12 +39,15 @@ protected:
 
 TEST_F(HostilePages, DialogsAreDismissed)
 {
-    const auto shot =
-        captureHtml("<!doctype html><body style='background:green'><script>alert(1); confirm(2); prompt(3);"
-                    "addEventListener('beforeunload', e => { e.preventDefault(); e.returnValue = 'stay'; });"
-                    "print(); window.open('about:blank'); for (let i = 0; i < 50; ++i) window.open('/x' + i);"
-                    "</script>",
-                    within(15s));
+    const auto shot = captureHtml(
+        "<!doctype html><body style='background:green'><script>alert(1); confirm(2); prompt(3);"
+        "addEventListener('beforeunload', e => { e.preventDefault(); e.returnValue = 'stay'; });"
+        "print(); window.open('about:blank'); for (let i = 0; i < 50; ++i) window.open('/x' + i);"
+        "navigator.geolocation.getCurrentPosition(() => 0); Notification.requestPermission();"
+        "navigator.mediaDevices?.getUserMedia({video: true}).catch(() => 0);"
+        "document.body.requestFullscreen().catch(() => 0); const file = document.createElement('input');"
+        "file.type = 'file'; document.body.append(file); file.click();</script>",
+        within(15s));
     EXPECT_EQ(pixel(image(shot), 600, 400), 0x008000u);
     EXPECT_EQ(failure(captureHtml("<script>while (true) alert('again')</script>", within(15s))),
               Error::Kind::Page);
@@ -96,17 +99,36 @@ TEST_F(HostilePages, ADocumentThatNeverEndsFailsAndAnImageThatNeverEndsDoesNot)
 
 TEST_F(HostilePages, WhatIsNoPageFailsWithItsReason)
 {
+    const auto cut = [this](const QString& path, const QByteArray& headers) {
+        server.on(path, [headers](Exchange& exchange) {
+            exchange.begin("text/html", headers);
+            exchange.send("<!doctype html><p>so far");
+            exchange.socket().disconnectFromHost();
+        });
+    };
     server.on(u"/loop"_s, [](Exchange& exchange) { exchange.redirect("/loop"); });
     server.on(u"/to-file"_s, [](Exchange& exchange) { exchange.redirect("file:///etc/passwd"); });
     server.on(u"/empty"_s, [](Exchange& exchange) { exchange.reply({}, "text/html", "204 No Content"); });
     server.on(u"/zip"_s, [](Exchange& exchange) { exchange.reply("PK", "application/zip"); });
+    server.on(u"/pdf"_s, [](Exchange& exchange) { exchange.reply("%PDF-1.4", "application/pdf"); });
     server.on(u"/reset"_s, [](Exchange& exchange) { exchange.socket().abort(); });
+    server.on(u"/garbage"_s, [](Exchange& exchange) { exchange.send(QByteArray(100, '\1') + "\r\n\r\n"); });
+    server.on(u"/not-zipped"_s, [](Exchange& exchange) {
+        exchange.reply("plain", "text/html", "200 OK", "Content-Encoding: gzip\r\n");
+    });
+    cut(u"/short"_s, "Content-Length: 5000\r\n");
+    cut(u"/torn"_s, "Transfer-Encoding: chunked\r\n");
     server.page(u"/leads-nowhere"_s, "<script>location = 'http://127.0.0.1:1/'</script>");
     const QList<QPair<QString, QString>> rows{{u"/loop"_s, u"ERR_TOO_MANY_REDIRECTS"_s},
                                               {u"/to-file"_s, u"ERR_UNSAFE_REDIRECT"_s},
                                               {u"/empty"_s, u"ERR_ABORTED"_s},
                                               {u"/zip"_s, u"download"_s},
+                                              {u"/pdf"_s, u"download"_s},
                                               {u"/reset"_s, u"ERR_"_s},
+                                              {u"/garbage"_s, u"ERR_INVALID_HTTP_RESPONSE"_s},
+                                              {u"/not-zipped"_s, u"broke off: net::ERR_CONTENT_DECODING"_s},
+                                              {u"/short"_s, u"broke off: net::ERR_CONTENT_LENGTH"_s},
+                                              {u"/torn"_s, u"broke off: net::ERR_INCOMPLETE_CHUNKED"_s},
                                               {u"/leads-nowhere"_s, u"error page"_s}};
     for (const auto& [path, reason] : rows) {
         const auto shot = capture(server.url(path), within(10s));
@@ -115,24 +137,53 @@ TEST_F(HostilePages, WhatIsNoPageFailsWithItsReason)
             EXPECT_TRUE(shot.error().text().contains(reason)) << shot.error().text().toStdString();
         }
     }
-    EXPECT_EQ(failure(capture(u"http://127.0.0.1:1/"_s, within(10s))), Error::Kind::Page);
-    EXPECT_EQ(failure(capture(u"http://127.0.0.1:25/"_s, within(10s))), Error::Kind::Page);
+    for (const QString& address :
+         {u"http://127.0.0.1:1/"_s, u"http://127.0.0.1:25/"_s, u"http://no.invalid/"_s})
+        EXPECT_EQ(failure(capture(address, within(15s))), Error::Kind::Page) << address.toStdString();
 }
 
-TEST_F(HostilePages, ErrorStatusesAndPasswordPromptsEnd)
+TEST_F(HostilePages, WhateverTheBrowserShowsIsShownWithItsStatus)
 {
-    server.on(u"/404"_s, [](Exchange& exchange) {
-        exchange.reply("<!doctype html><body style='background:red'>", "text/html", "404 Not Found");
-    });
-    server.on(u"/401"_s, [](Exchange& exchange) {
-        exchange.reply("<!doctype html>no", "text/html", "401 Unauthorized",
-                       "WWW-Authenticate: Basic realm=\"x\"\r\n");
-    });
-    const auto missing = capture(server.url(u"/404"_s), within(10s));
-    EXPECT_EQ(pixel(image(missing), 600, 400), 0xff0000u);
-    EXPECT_EQ(missing->httpStatus, 404);
-    const auto locked = capture(server.url(u"/401"_s), within(10s));
-    EXPECT_TRUE(!locked || locked->httpStatus == 401);
+    struct Row {
+        QByteArray type, body, status, headers;
+        QRgb middle;
+    };
+    const QByteArray red = "<!doctype html><body style='background:red'>";
+    const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='1280' height='900'>"
+                           "<rect width='1280' height='900' fill='red'/></svg>";
+    const QList<Row> rows{
+        {"text/html", red, "404 Not Found", {}, 0xff0000},
+        {"text/html", red, "503 Service Unavailable", {}, 0xff0000},
+        {"text/html", red, "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n", 0xff0000},
+        {"text/html", red, "401 Unauthorized", "WWW-Authenticate: NTLM\r\n", 0xff0000},
+        {"text/html", red, "200 OK", "Content-Security-Policy: sandbox\r\n", 0xff0000},
+        {"image/svg+xml", svg, "200 OK", {}, 0xff0000},
+        {"text/plain", "text", "200 OK", {}, 0xffffff},
+        {"application/json", "{}", "200 OK", {}, 0xffffff},
+        {"text/xml", "<a/>", "200 OK", {}, 0xffffff},
+        {"text/html", {}, "200 OK", {}, 0xffffff}};
+    for (const Row& row : rows) {
+        server.on(u"/row"_s, [row](Exchange& e) { e.reply(row.body, row.type, row.status, row.headers); });
+        const auto shot = capture(server.url(u"/row"_s), within(10s));
+        EXPECT_EQ(pixel(image(shot), 600, 400), row.middle) << row.type.constData();
+        EXPECT_EQ(shot ? shot->httpStatus : 0, row.status.first(3).toInt());
+    }
+}
+
+TEST_F(HostilePages, OneThatLeavesForWhatIsNoPageIsShownItself)
+{
+    server.on(u"/nothing"_s, [](Exchange& exchange) { exchange.reply({}, "text/html", "204 No Content"); });
+    server.on(u"/zip"_s, [](Exchange& exchange) { exchange.reply("PK", "application/zip"); });
+    for (const QByteArray where :
+         {"mailto:a@example.org", "intent://x#Intent;end", "/nothing", "/zip", "javascript:0"}) {
+        for (const QByteArray when : {"location = '%1'", "onload = () => location = '%1'"}) {
+            const QByteArray script = QByteArray(when).replace("%1", where);
+            const auto shot = captureHtml(
+                "<!doctype html><body style='background:green'><script>" + script + "</script>", within(10s));
+            EXPECT_EQ(pixel(image(shot), 600, 400), 0x008000u) << script.constData();
+            EXPECT_EQ(shot ? shot->httpStatus : 0, 200) << script.constData();
+        }
+    }
 }
 
 TEST_F(HostilePages, OneThatChangesItsAddressForEverFails)
@@ -155,20 +206,53 @@ TEST_F(HostilePages, BombsAndCrashesFail)
         "<script>const kept = []; for (;;) kept.push(new Uint8Array(1 << 26).fill(7));</script>";
     EXPECT_FALSE(captureHtml(hoard, within(8s)).ok());
     EXPECT_EQ(failure(captureHtml(many, within(30s))), Error::Kind::TooLarge);
+}
 
-    const auto browser = await(keeper().browser(30s));
-    ASSERT_TRUE(browser.ok());
-    server.page(u"/crash"_s, "<!doctype html><img src=/never><script>for (;;);</script>");
-    PageRequest request = within(20s);
-    request.addresses = {QUrl(server.url(u"/crash"_s))};
-    const QString group = QString::number((*browser)->processId());
-    QTimer::singleShot(700, [group] {
-        QProcess::execute(u"pkill"_s, {u"-9"_s, u"-g"_s, group, u"-f"_s, u"type=renderer"_s});
-    });
-    QElapsedTimer clock;
-    clock.start();
-    EXPECT_EQ(failure(await(PageRun::create(*browser, request)->run())), Error::Kind::Page);
-    EXPECT_LT(clock.elapsed(), 10000);
+TEST_F(HostilePages, BombsOfPartsEndInTime)
+{
+    server.page(u"/self"_s, "<!doctype html><iframe src='/self?1'></iframe><iframe src='/self?2'></iframe>");
+    const QList<QByteArray> bombs{
+        "<iframe src=/self></iframe>",
+        "<script>for (let i = 0; i < 300; ++i) { const f = document.createElement('iframe'); f.src = "
+        "'/self?' + i;"
+        "document.body.append(f); }</script>",
+        "<script>const busy = URL.createObjectURL(new Blob(['for (;;);']));"
+        "for (let i = 0; i < 50; ++i) new Worker(busy)</script>",
+        "<script>const code = 'onmessage = e => { const u = URL.createObjectURL(new Blob([e.data])); for "
+        "(let i = 0; i < 3;'"
+        "+ '++i) new Worker(u).postMessage(e.data) }';"
+        "new Worker(URL.createObjectURL(new Blob([code]))).postMessage(code)</script>",
+        "<script>let d = document.body; for (let i = 0; i < 20000; ++i) { const n = "
+        "document.createElement('div');"
+        "d.append(n); d = n; }</script>",
+        "<script>document.body.innerHTML = '<p>x'.repeat(500000)</script>"};
+    for (const QByteArray& bomb : bombs) {
+        QElapsedTimer clock;
+        clock.start();
+        const auto shot = captureHtml("<!doctype html><body>" + bomb, within(3s));
+        EXPECT_LT(clock.elapsed(), 3000 + 5000) << bomb.constData();
+    }
+}
+
+TEST_F(HostilePages, AProcessOfTheBrowsersThatDiesIsNotTheEndOfTheRun)
+{
+    server.on(u"/never"_s, [](Exchange&) {});
+    for (const QString& type : {u"renderer"_s, u"utility"_s, u"gpu-process"_s}) {
+        const auto browser = await(keeper().browser(30s));
+        ASSERT_TRUE(browser.ok());
+        const QString group = QString::number((*browser)->processId());
+        QTimer::singleShot(700, [&] {
+            QProcess::execute(u"pkill"_s, {u"-9"_s, u"-g"_s, group, u"-f"_s, u"type="_s + type});
+        });
+        QElapsedTimer clock;
+        clock.start();
+        const auto shot =
+            captureHtml("<!doctype html><body style='background:green'><img src=/never>", within(20s));
+        EXPECT_TRUE(type != u"renderer" || (!shot && shot.error().kind == Error::Kind::Page));
+        EXPECT_LT(clock.elapsed(), 18000) << type.toStdString();
+        EXPECT_EQ(pixel(image(captureHtml("<body style='background:green'>")), 600, 400), 0x008000u)
+            << type.toStdString();
+    }
 }
 
 TEST_F(HostilePages, AKilledBrowserFailsThePageAndIsReplaced)

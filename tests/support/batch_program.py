@@ -47,11 +47,13 @@ class BatchTest(unittest.TestCase):
         return str(path)
 
     def start(self, *arguments, before=(), **how):
-        """The running program; before: a command that runs it, output: its folder when it is not self.out."""
+        """The running program; before: a command that runs it, output: its folder when it is not self.out,
+        environment: what is added to ours."""
         output = how.pop('output', self.out)
+        environment = os.environ | {'TMPDIR': str(self.temporary)} | how.pop('environment', {})
         command = [*before, PROGRAM, '-o', str(output), *map(str, arguments)]
         streams = {'stdin': subprocess.DEVNULL, 'stdout': subprocess.PIPE, 'stderr': subprocess.STDOUT, 'text': True}
-        process = subprocess.Popen(command, env=os.environ | {'TMPDIR': str(self.temporary)}, **(streams | how))
+        process = subprocess.Popen(command, env=environment, **(streams | how))
         self.addCleanup(self._end, process)
         return process
 
