@@ -27,15 +27,17 @@ Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
 {
     if (m_stopped) co_return stopped();
     const bool usable = !m_starting && m_browser && m_browser->isUsable() && m_pages < kPagesPerBrowser;
-    if (!usable) {
-        const Waiter waiter = m_waiters.emplaceBack();
-        if (!m_starting) startBrowser();
-        const auto started = co_await waiter;
-        if (!started) co_return started.error();
-        if (m_stopped) co_return stopped(); // By another one that waited for the same start.
+    if (usable) {
+        ++m_pages;
+        co_return Result(m_browser); // A copy: the task would move the member out.
     }
+    const Waiter waiter = m_waiters.emplaceBack();
+    if (!m_starting) startBrowser();
+    const auto started = co_await waiter;
+    // Others that waited for the same start went first: they may have ended the run, or replaced the browser.
+    if (m_stopped) co_return stopped();
     ++m_pages;
-    co_return Result(m_browser); // A copy: the task would move the member out.
+    co_return started;
 }
 
 Task<> BrowserPool::startBrowser()
