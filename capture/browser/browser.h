@@ -67,7 +67,7 @@ private:
     std::unique_ptr<PipedProcess> m_process;
     std::unique_ptr<Connection> m_connection;
     QString m_product;
-    int m_longestSide = 16384; // What Chromium's software drawing has been seen to manage.
+    int m_longestSide = 20480; // What Chromium's software drawing has been seen to manage.
     bool m_faulty = false;
 };
 

@@ -13,7 +13,7 @@ namespace
 constexpr int kBandRows = 256;
 constexpr int kBands = kRows / kBandRows;
 
-QRgb colourOf(int band) { return qRgb(band * 4, 255 - band * 4, (band * 37) % 256); }
+QRgb colourOf(int band) { return qRgb(band * 3, 255 - band * 3, (band * 37) % 256); }
 
 } // namespace
 

@@ -12,7 +12,7 @@ namespace drawingCheck
 {
 
 constexpr int kWidth = 64;   ///< Px.
-constexpr int kRows = 16384; ///< Px: as much as is ever asked for in one piece.
+constexpr int kRows = 20480; ///< Px: as much as is ever asked for in one piece.
 
 /// The page to draw: bands of 256 rows, each in a colour of its own.
 QString page();

@@ -6,6 +6,7 @@
 #include "capture/page/page_steps.h"
 #include "capture/page/request_headers.h"
 #include "capture/page/screenshot.h"
+#include "capture/page/scroll_notice.h"
 #include "capture/page/settling.h"
 #include "platform/log.h"
 
@@ -118,6 +119,7 @@ Task<Result<void>> PageRun::prepare()
     guardLocalFiles();
     addHeaders();
     m_session->post(u"Page.enable"_s);
+    noteScrollWatchers(*m_session);
     m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
     m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
     m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
@@ -249,8 +251,7 @@ Task<Result<void>> PageRun::settle()
         const auto quiet = co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
                                                      u"the page's requests"_s);
         if (!m_session->isOpen()) co_return quiet.error();
-        const int hidden = growth && !m_request.windowOnly ? *growth : 0;
-        const auto grown = co_await resize(m_request.viewport + QSize(0, hidden));
+        const auto grown = co_await growWindow(growth && !m_request.windowOnly ? *growth : 0);
         if (!grown) co_return grown.error();
         if (m_watch->loaderId() == document && !m_watch->isLeaving()) {
             if (!growth) warn(u"the page did not come to rest: "_s + growth.error().message);
@@ -260,6 +261,14 @@ Task<Result<void>> PageRun::settle()
         if (!loaded) co_return loaded.error();
     }
     warn(u"the page kept changing its address"_s);
+    co_return Result<void>();
+}
+
+Task<Result<void>> PageRun::growWindow(int rows)
+{
+    if (rows == std::exchange(m_growth, rows)) co_return Result<void>();
+    const auto grown = co_await resize(m_request.viewport + QSize(0, rows));
+    if (!grown) co_return grown.error();
     co_return Result<void>();
 }
 

@@ -53,6 +53,8 @@ private:
     Task<Result<void>> waitForDocument();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
+    /// Makes the window taller than asked for by rows, CSS px: for a page that scrolls inside a container.
+    Task<Result<void>> growWindow(int rows);
     Task<Result<void>> adapt();
     Task<Result<PagePicture>> shoot();
     Task<Result<QRect>> measure();
@@ -71,6 +73,7 @@ private:
     std::unique_ptr<LocalFiles> m_files;
     std::unique_ptr<RequestHeaders> m_headers;
     QStringList m_warnings;
+    int m_growth = 0; // Of the window, CSS px.
     int m_percent = -1;
     bool m_cancelled = false;
 };

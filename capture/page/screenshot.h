@@ -11,8 +11,9 @@
 namespace vistrel
 {
 
-/// A strip has at most this many pixels: what the browser needs while it draws does not grow with the page.
-constexpr qint64 kMostStripPixels = 24LL * 1000 * 1000;
+/// A strip has at most this many pixels, 20,480 rows of 1280 px: what the browser needs while it draws, up to
+/// 24 bytes a pixel, does not grow with the page.
+constexpr qint64 kMostStripPixels = 1280LL * 20480;
 /// Beyond this a picture is refused rather than cut: 1280 px wide, it is 200,000 px tall.
 constexpr qint64 kMostPixels = 256LL * 1000 * 1000;
 
@@ -27,7 +28,7 @@ Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport
 struct ShotSettings {
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80;
-    int longestSide = 16384; ///< Pixels that the browser draws right in one piece.
+    int longestSide = 20480; ///< Pixels that the browser draws right in one piece.
     double scale = 1;        ///< Pixels of a CSS px, in hundredths.
 };
 

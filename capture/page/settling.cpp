@@ -1,5 +1,7 @@
 #include "capture/page/settling.h"
 
+#include "capture/page/scroll_notice.h"
+
 #include <QDeadlineTimer>
 #include <QJsonObject>
 
@@ -18,38 +20,36 @@ constexpr Session::Limit kRestLimit = std::chrono::seconds(3); // For fonts and 
 constexpr Session::Limit kFrame = std::chrono::milliseconds(17);
 constexpr int kMostGrownWindows = 20; // Endless pages grow while they are scrolled through.
 
-/// Scrolls to a height, px, and tells how high the page and the window are, and whether anything in the page
-/// could notice the scrolling.
+/// Scrolls to a height, px, and tells how high the page and the window are.
 QString scrollScript(int top)
 {
     return uR"js((() => {
         const root = document.scrollingElement || document.documentElement;
-        if (!root) return {height: 0, window: 1, notices: false};
+        if (!root) return {height: 0, window: 1};
         window.scrollTo({top: %1, left: 0, behavior: 'instant'});
-        return {height: Math.max(root.scrollHeight, document.documentElement.scrollHeight), window: innerHeight,
-                notices: document.scripts.length > 0 || document.querySelector('[loading=lazy]') !== null};
+        return {height: Math.max(root.scrollHeight, document.documentElement.scrollHeight), window: innerHeight};
     })())js"_s.arg(top);
 }
 
-/// Whether fonts and images that the page asked for are still on their way.
-QString restlessScript()
-{
-    return u"(document.fonts && document.fonts.status === 'loading') || "
-           "Array.from(document.images).some(image => !image.complete && image.loading !== 'lazy')"_s;
-}
-
-/// How much of the page is hidden in a container that scrolls in place of the page, CSS px.
-QString hiddenScript()
+/// Asks for what is loaded only when it comes near the window. Tells whether fonts and images are still on
+/// their way, and how much of the page is hidden in a container that scrolls in place of the page, CSS px.
+QString stateScript()
 {
     return uR"js((() => {
-        const root = document.scrollingElement || document.documentElement;
-        if (!root || root.scrollHeight > innerHeight + 1) return 0;
-        for (let box = document.elementFromPoint(innerWidth / 2, innerHeight / 2); box; box = box.parentElement) {
-            const hidden = box.scrollHeight - box.clientHeight;
-            const scrolls = ['auto', 'scroll', 'overlay'].includes(getComputedStyle(box).overflowY);
-            if (scrolls && hidden > 1 && box.clientHeight > innerHeight / 2) return hidden;
-        }
-        return 0;
+        for (const part of document.querySelectorAll('[loading=lazy]')) part.loading = 'eager';
+        const hiddenPart = () => {
+            const root = document.scrollingElement || document.documentElement;
+            if (!root || root.scrollHeight > innerHeight + 1) return 0;
+            for (let box = document.elementFromPoint(innerWidth / 2, innerHeight / 2); box; box = box.parentElement) {
+                const hidden = box.scrollHeight - box.clientHeight;
+                const scrolls = ['auto', 'scroll', 'overlay'].includes(getComputedStyle(box).overflowY);
+                if (scrolls && hidden > 1 && box.clientHeight > innerHeight / 2) return hidden;
+            }
+            return 0;
+        };
+        const restless = (document.fonts && document.fonts.status === 'loading') ||
+            Array.from(document.images).some(image => !image.complete);
+        return {restless, hidden: hiddenPart()};
     })())js"_s;
 }
 
@@ -75,7 +75,6 @@ Task<Result<void>> scrollThrough(PageWorld world)
     if (!seen) co_return seen.error();
     const int window = std::max(1, (*seen)[u"window"].toInt());
     const int lowest = (*seen)[u"height"].toInt() + kMostGrownWindows * window;
-    if (!(*seen)[u"notices"].toBool()) co_return Result<void>();
     const QDeadlineTimer end(kScrollLimit);
     for (int top = window; top < std::min((*seen)[u"height"].toInt(), lowest) && !end.hasExpired();
          top += window) {
@@ -89,32 +88,33 @@ Task<Result<void>> scrollThrough(PageWorld world)
     co_return Result<void>();
 }
 
-Task<Result<void>> waitForRest(PageWorld world)
+/// The page's hidden part, see stateScript(), once fonts and images are there or the wait is over.
+Task<Result<int>> waitForRest(PageWorld world)
 {
     const QDeadlineTimer end(kRestLimit);
-    while (!end.hasExpired()) {
-        const auto restless = co_await world.evaluate(restlessScript());
-        if (!restless) co_return restless.error();
-        if (!restless->toBool()) break;
+    for (;;) {
+        const auto state = co_await world.evaluate(stateScript());
+        if (!state) co_return state.error();
+        if (!(*state)[u"restless"].toBool() || end.hasExpired()) co_return (*state)[u"hidden"].toInt();
         const auto paused = co_await world.session()->pause(kFrame);
         if (!paused) co_return paused.error();
     }
-    co_return Result<void>();
 }
 
 } // namespace
 
 Task<Result<int>> settlePage(std::shared_ptr<Session> session, QString frameId)
 {
-    const auto world = co_await PageWorld::enter(std::move(session), std::move(frameId));
+    auto notices = noticesScrolling(session);
+    const auto world = co_await PageWorld::enter(session, std::move(frameId));
     if (!world) co_return world.error();
-    const auto scrolled = co_await scrollThrough(*world);
-    if (!scrolled) co_return scrolled.error();
-    const auto rested = co_await waitForRest(*world);
-    if (!rested) co_return rested.error();
-    const auto hidden = co_await world->evaluate(hiddenScript());
-    if (!hidden) co_return hidden.error();
-    co_return hidden->toInt();
+    const auto noticing = co_await std::move(notices);
+    if (!noticing) co_return noticing.error();
+    if (*noticing) {
+        const auto scrolled = co_await scrollThrough(*world);
+        if (!scrolled) co_return scrolled.error();
+    }
+    co_return co_await waitForRest(*world);
 }
 
 Task<Result<void>> freezePage(std::shared_ptr<Session> session, QString frameId)

@@ -5,10 +5,10 @@
 namespace vistrel
 {
 
-/// Brings the page into the state a reader would see after looking at all of it: scrolls through it so that
-/// lazy parts load, goes back to the top, waits for fonts and images. Each wait has a cap of its own, 8 s in
-/// all. Returns by how many CSS px the window would have to grow for a page that scrolls inside a container
-/// of its own; 0 for all others.
+/// Brings the page into the state a reader would see after looking at all of it: asks for lazy images and
+/// frames, scrolls through a page that could notice it and goes back to the top, waits for fonts and images.
+/// Each wait has a cap of its own, 8 s in all. Returns by how many CSS px the window would have to grow for a
+/// page that scrolls inside a container of its own; 0 for all others.
 Task<Result<int>> settlePage(std::shared_ptr<Session> session, QString frameId);
 
 /// Stops what moves: finite animations jump to their end, endless ones and videos to their start; the caret
