@@ -48,6 +48,14 @@ MainRun::MainRun(Form& form, Program& program)
     m_gradient.setColor1(orange);
     m_gradient.setColor2(yellow);
     QObject::connect(&m_tmrShow, &Timer::Tick, &form, [this] { tmrShow_Timer(); });
+    keepBarInFrame();
+}
+
+// At its widest, shortly before it starts again, the bar would cover the frame's right side.
+void MainRun::keepBarInFrame()
+{
+    const QRect inside = m_sFrame.geometry().adjusted(1, 1, -1, -1);
+    m_picProgress.setMask(inside.translated(-m_picProgress.pos()));
 }
 
 FButton& MainRun::button(const QString& name) const { return m_form.control<FButton>(name); }

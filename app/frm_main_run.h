@@ -56,6 +56,7 @@ public:
 private:
     [[nodiscard]] const ConversionSettings* liveSettings() const override { return m_program.Config.get(); }
     [[nodiscard]] FButton& button(const QString& name) const;
+    void keepBarInFrame();
     void tmrShow_Timer();
 
     Form& m_form;

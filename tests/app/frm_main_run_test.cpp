@@ -145,6 +145,12 @@ TEST_F(MainRunTest, TheBusyBarGrowsByFourTwipsAndStartsAgain)
     const QImage& painted = bar.surface().image();
     EXPECT_NEAR(painted.pixelColor(109, 9).green(), 128, 3) << "orange at its right end";
     EXPECT_NEAR(painted.pixelColor(0, 9).green(), 255, 3) << "yellow at its left end";
+    const QPoint rightSide(widget(u"sFrame"_s).width() - 1, 9);
+    const QPoint inWindow = widget(u"sFrame"_s).mapTo(window.get(), rightSide);
+    for (const QString& name : {u"sFrame"_s, u"picProgress"_s})
+        widget(name).show();
+    EXPECT_EQ(window->grab().toImage().pixelColor(inWindow), QColor(128, 128, 128))
+        << "the frame stays whole";
     tick(1);
     EXPECT_EQ(bar.width(), 0);
 }
