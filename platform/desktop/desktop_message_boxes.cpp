@@ -2,6 +2,7 @@
 
 #include "platform/desktop/owner_widget.h"
 
+#include <QLabel>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,13 @@ namespace vistrel
 namespace
 {
 
+/// Keeps the box of a short message wide enough for its title.
+void widen(QMessageBox& box)
+{
+    constexpr int leastTextWidth = 200;
+    if (auto* text = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) text->setMinimumWidth(leastTextWidth);
+}
+
 QMessageBox::StandardButton show(WindowHandle owner, QMessageBox::Icon icon, const QString& title,
                                  QString text, QMessageBox::StandardButtons buttons,
                                  QMessageBox::StandardButton defaultButton)
@@ -19,6 +27,7 @@ QMessageBox::StandardButton show(WindowHandle owner, QMessageBox::Icon icon, con
     QMessageBox box(icon, title, text.replace(u"\r\n"_s, u"\n"_s), buttons, ownerWidget(owner));
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
+    widen(box);
     return QMessageBox::StandardButton(box.exec());
 }
 
