@@ -255,27 +255,20 @@ TEST_F(HostilePages, AProcessOfTheBrowsersThatDiesIsNotTheEndOfTheRun)
     }
 }
 
-TEST_F(HostilePages, AKilledBrowserFailsThePageAndIsReplaced)
+TEST_F(HostilePages, AKilledOrStoppedBrowserFailsThePageAndIsReplaced)
 {
     server.on(u"/silent"_s, [](Exchange&) {});
-    const auto browser = await(keeper().browser(30s));
-    ASSERT_TRUE(browser.ok());
-    QTimer::singleShot(300, [&] {
-        QProcess::execute(u"kill"_s, {u"-9"_s, QString::number((*browser)->processId())});
-    });
-    EXPECT_EQ(failure(capture(server.url(u"/silent"_s), within(20s))), Error::Kind::Closed);
-}
-
-TEST_F(HostilePages, AStoppedBrowserFailsThePageAndIsReplaced)
-{
-    server.on(u"/silent"_s, [](Exchange&) {});
-    const auto browser = await(keeper().browser(30s));
-    ASSERT_TRUE(browser.ok());
-    QProcess::execute(u"kill"_s, {u"-STOP"_s, QString::number((*browser)->processId())});
-    QElapsedTimer clock;
-    clock.start();
-    EXPECT_EQ(failure(captureHtml("<p>never seen", within(2s))), Error::Kind::Timeout);
-    EXPECT_LT(clock.elapsed(), 2000 + 5000);
+    for (const auto& [signal, kind] :
+         {std::pair(u"-KILL"_s, Error::Kind::Closed), {u"-STOP"_s, Error::Kind::Timeout}}) {
+        const auto browser = await(keeper().browser(30s));
+        ASSERT_TRUE(browser.ok());
+        const QStringList command{signal, QString::number((*browser)->processId())};
+        QTimer::singleShot(300, [&command] { QProcess::execute(u"kill"_s, command); });
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_EQ(failure(capture(server.url(u"/silent"_s), within(3s))), kind) << signal.toStdString();
+        EXPECT_LT(clock.elapsed(), 3000 + 5000);
+    }
 }
 
 TEST_F(HostilePages, NothingOfOnePageReachesTheNext)

@@ -4,28 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace vistrel
 {
 
-TEST(Rounding, wholeNumbersTakeTiesToEven)
-{
-    EXPECT_EQ(roundToInt32(0.5), 0);
-    EXPECT_EQ(roundToInt32(1.5), 2);
-    EXPECT_EQ(roundToInt32(2.5), 2);
-    EXPECT_EQ(roundToInt32(-0.5), 0);
-    EXPECT_EQ(roundToInt32(-1.5), -2);
-    EXPECT_EQ(roundToInt32(2.4999), 2);
-}
-
 TEST(Rounding, numbersThatDoNotFitOverflow)
 {
-    EXPECT_EQ(roundToInt16(32767.5 - 0.1), 32767);
     EXPECT_EQ(roundToInt16(-32768.5), -32768);
     EXPECT_THROW(roundToInt16(32767.5), RuntimeError);
     EXPECT_THROW(roundToInt32(2147483648.0), RuntimeError);
-    EXPECT_THROW(roundToInt32(std::numeric_limits<double>::quiet_NaN()), RuntimeError);
 }
 
 TEST(Rounding, twipsTakeTheNearestPixelAndTiesUpwards)

@@ -9,25 +9,14 @@
 namespace vistrel
 {
 
-TEST(PointerShapes, numbersNameShapes)
+TEST(PointerShapes, numbersNameShapesOrTheIconAndOthersAreRefused)
 {
     EXPECT_EQ(pointerShape(0, {}, Qt::IBeamCursor).shape(), Qt::IBeamCursor);
-    EXPECT_EQ(pointerShape(1, {}, Qt::IBeamCursor).shape(), Qt::ArrowCursor);
     EXPECT_EQ(pointerShape(7, {}).shape(), Qt::SizeVerCursor);
-    EXPECT_EQ(pointerShape(11, {}).shape(), Qt::WaitCursor);
-    EXPECT_EQ(pointerShape(15, {}).shape(), Qt::SizeAllCursor);
-}
-
-TEST(PointerShapes, aCustomPointerIsItsIcon)
-{
     QImage icon(8, 8, QImage::Format_ARGB32);
     icon.fill(Qt::red);
     EXPECT_EQ(pointerShape(99, Picture(icon)).pixmap().size(), QSize(8, 8));
     EXPECT_EQ(pointerShape(99, {}, Qt::IBeamCursor).shape(), Qt::IBeamCursor);
-}
-
-TEST(PointerShapes, otherNumbersAreRefused)
-{
     for (const qint16 number : {-1, 16, 98, 100})
         EXPECT_THROW(pointerShape(number, {}), RuntimeError);
 }
