@@ -31,6 +31,8 @@ constexpr int kSettled = 75;
 constexpr int kDone = 100;
 
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
+/// No page slows this down; a browser that takes longer is lost, and the page with another one is not.
+constexpr std::chrono::milliseconds kOpenLimit = std::chrono::seconds(10);
 constexpr Session::Limit kQuietLimit =
     std::chrono::seconds(3);             // Long polls never end, and none waits for them.
 constexpr int kProxyWantsPassword = 407; // Of HTTP; no page of the address.
@@ -97,11 +99,12 @@ Task<Result<PageShot>> PageRun::runOpened()
 
 Task<Result<void>> PageRun::open()
 {
-    auto target = co_await m_browser->openPage(m_request.timeout);
-    if (!target) {
-        if (target.error().kind == Error::Kind::Timeout) m_browser->setFaulty();
-        co_return target.error();
+    auto target = co_await m_browser->openPage(std::min(m_request.timeout, kOpenLimit));
+    if (!target && target.error().kind == Error::Kind::Timeout) {
+        m_browser->setFaulty();
+        co_return Error{Error::Kind::Closed, u"the browser does not answer"_s, target.error().context};
     }
+    if (!target) co_return target.error();
     m_target = std::move(*target);
     m_session = m_target->session();
     if (m_cancelled) m_session->end(cancelled());

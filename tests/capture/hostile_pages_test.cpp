@@ -269,6 +269,8 @@ TEST_F(HostilePages, AKilledOrStoppedBrowserFailsThePageAndIsReplaced)
         EXPECT_EQ(failure(capture(server.url(u"/silent"_s), within(3s))), kind) << signal.toStdString();
         EXPECT_LT(clock.elapsed(), 3000 + 5000);
     }
+    const auto next = captureHtml("<p>never seen", within(20s));
+    EXPECT_EQ(failure(next), Error::Kind::Closed) << "lost with the stopped browser, not by itself";
 }
 
 TEST_F(HostilePages, NothingOfOnePageReachesTheNext)
