@@ -1,6 +1,5 @@
 #include "batch/entry_conversion.h"
 
-#include "batch/host_limits.h"
 #include "batch/picture_writing.h"
 #include "batch/sitemap_source.h"
 #include "capture/page/address.h"
@@ -50,12 +49,6 @@ bool isPassing(int httpStatus)
 {
     return httpStatus == 408 || httpStatus == 429 || httpStatus == 500 ||
            (httpStatus >= 502 && httpStatus <= 504);
-}
-
-/// A sitemap from the network says which pages there are, not which hosts get to see the user's headers.
-bool mayTakeHeaders(const Entry& entry)
-{
-    return !SitemapSource::isAddress(entry.list) || hostOf(entry.list) == hostOf(entry.target);
 }
 
 } // namespace

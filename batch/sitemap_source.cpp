@@ -111,4 +111,9 @@ Result<QByteArray> SitemapSource::load(const QString& sitemap) const
     return gunzip(*bytes, kLargestFile);
 }
 
+bool mayTakeHeaders(const Entry& entry)
+{
+    return !SitemapSource::isAddress(entry.list) || isOwn(QUrl(entry.target), QUrl(entry.list));
+}
+
 } // namespace vistrel

@@ -51,4 +51,8 @@ private:
     qint64 m_read = 0; // Addresses.
 };
 
+/// Whether the page of entry may be sent the user's headers and cookies. A sitemap from the network says
+/// which pages there are, not who gets to see those: only its own host does.
+[[nodiscard]] bool mayTakeHeaders(const Entry& entry);
+
 } // namespace vistrel

@@ -27,14 +27,6 @@ struct Answer {
     QUrl redirect;
 };
 
-/// Whether address is of origin's host, and no less safe.
-bool isOwn(const QUrl& address, const QUrl& origin)
-{
-    if (address.host() != origin.host()) return false;
-    if (address.scheme() == origin.scheme()) return address.port() == origin.port();
-    return origin.scheme() == u"http" && origin.port() == -1 && address.port() == -1;
-}
-
 QNetworkRequest requestFor(const QUrl& address, const Plan& plan, bool own)
 {
     QNetworkRequest request(address);
@@ -114,6 +106,13 @@ Result<Answer> ask(const QUrl& address, const Plan& plan, bool own, qsizetype li
 }
 
 } // namespace
+
+bool isOwn(const QUrl& address, const QUrl& origin)
+{
+    if (address.host() != origin.host()) return false;
+    if (address.scheme() == origin.scheme()) return address.port() == origin.port();
+    return origin.scheme() == u"http" && origin.port() == -1 && address.port() == -1;
+}
 
 Result<QByteArray> fetchFile(const QUrl& address, const QUrl& origin, const Plan& plan, qsizetype limit)
 {

@@ -156,6 +156,25 @@ TEST_F(SitemapSourceTest, TheHeadersOfTheUserGoToItsHostAlone)
     EXPECT_EQ(m_tokens.value(u"/other.xml"_s, "not asked"), "");
 }
 
+TEST(SitemapEntries, TheHeadersOfTheUserGoToPagesOfTheSitemapsHostAlone)
+{
+    const QString sitemap = u"https://a.example/sitemap.xml"_s;
+    const QList<std::tuple<QString, QString, bool>> pages{
+        {sitemap, u"https://a.example/x"_s, true},
+        {sitemap, u"https://b.example/x"_s, false},
+        {sitemap, u"http://a.example/x"_s, false},
+        {sitemap, u"https://a.example:8443/x"_s, false},
+        {u"http://a.example/s"_s, u"https://a.example/"_s, true},
+        {u"sitemap.xml"_s, u"https://b.example/"_s, true},
+        {u""_s, u"b.example"_s, true}};
+    Entry entry;
+    for (const auto& [list, page, may] : pages) {
+        entry.list = list;
+        entry.target = page;
+        EXPECT_EQ(mayTakeHeaders(entry), may) << list.toStdString() << " " << page.toStdString();
+    }
+}
+
 TEST_F(SitemapSourceTest, AFileThatNeverEndsDoes)
 {
     m_server.on(u"/endless.xml"_s, [](Exchange& exchange) {
