@@ -22,6 +22,8 @@ namespace
 
 constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL;     // Its header has 32 bits for the length.
 constexpr qint64 kLargestGifFrame = 25LL * 1000 * 1000; // libvips refuses larger ones.
+// Of 1 to 9: on real pages 1 takes half the time of 6 for a seventh more bytes.
+constexpr int kJoinedPngCompression = 1;
 constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
 
 Error libraryError(const vips::VError& problem)
@@ -65,7 +67,7 @@ VipsBlob* save(const VImage& image, ImageFormat format, int quality)
 {
     auto* options = VImage::option()->set("strip", true);
     switch (format) {
-    case ImageFormat::Png: return image.pngsave_buffer(options->set("compression", 6));
+    case ImageFormat::Png: return image.pngsave_buffer(options->set("compression", kJoinedPngCompression));
     case ImageFormat::Jpeg: return image.jpegsave_buffer(options->set("Q", std::clamp(quality, 1, 100)));
     case ImageFormat::Gif: return image.gifsave_buffer(options);
     case ImageFormat::Tiff:
