@@ -1,5 +1,7 @@
 #include "capture/protocol/message.h"
 
+#include "capture/protocol/base64.h"
+
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
@@ -26,7 +28,7 @@ QByteArray takeData(QByteArray& bytes)
     const qsizetype start = member + kDataMember.size();
     const qsizetype end = bytes.indexOf('"', start);
     if (end < 0 || bytes.at(end + 1) != '}') return {};
-    QByteArray data = QByteArray::fromBase64(QByteArray::fromRawData(bytes.constData() + start, end - start));
+    QByteArray data = decodeBase64(QByteArrayView(bytes).sliced(start, end - start));
     bytes = bytes.first(start) + bytes.sliced(end);
     return data;
 }

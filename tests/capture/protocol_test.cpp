@@ -1,3 +1,4 @@
+#include "capture/protocol/base64.h"
 #include "capture/protocol/connection.h"
 #include "capture/protocol/message_splitter.h"
 #include "capture/protocol/task.h"
@@ -58,6 +59,15 @@ TEST(MessageSplitter, RefusesAMessageWithoutEnd)
     MessageSplitter splitter(100);
     EXPECT_TRUE(splitter.feed(QByteArray(100, 'x')).ok());
     EXPECT_EQ(splitter.feed("x").error().kind, Error::Kind::Protocol);
+}
+
+TEST(Base64, GivesTheBytesAndNothingForOtherText)
+{
+    const QByteArray all = QByteArray::fromHex("00ff10fb3fbf7e80");
+    for (qsizetype length = 0; length <= all.size(); ++length)
+        EXPECT_EQ(decodeBase64(all.first(length).toBase64()), all.first(length)) << length;
+    for (const char* other : {"A", "AAA", "A===", "AA=A", "AAAA\n", "A-_A", "AA==AAAA", "AAAA AA="})
+        EXPECT_EQ(decodeBase64(other), QByteArray()) << other;
 }
 
 TEST(Message, PicturesComeAsBytesAndEverythingElseAsJson)
