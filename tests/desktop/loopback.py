@@ -1,4 +1,4 @@
-"""A web site of this machine for the wizard to convert: /ROUTE gives the page of that name; /endless never answers."""
+"""A web site of this machine for the wizard to convert; its page /endless never comes."""
 import contextlib
 import http.server
 import threading

@@ -1,8 +1,10 @@
 """The built wizard, run as a user runs it: in a folder of its own, with a home of its own, by mouse and keyboard."""
 import configparser
+import contextlib
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 
 from screen import wait_for
@@ -11,7 +13,8 @@ DESIGN = pathlib.Path(__file__).parents[2] / 'app/forms/frmMain.design'
 HELP = pathlib.Path(__file__).parents[2] / 'help'
 TITLE, POPUP_TITLE = 'Vistrel', 'vistrel'
 TWIPS_PER_PIXEL = 15
-DARK_BLUE, FRAME = (0, 65, 99), (128, 128, 128)
+CHECK_BOX = 12  # Its width in pixels.
+BLACK, DARK_BLUE, FRAME = (0, 0, 0), (0, 65, 99), (128, 128, 128)
 SELECTED_PAGE = (224, 224, 224)
 FORMATS = ('png', 'jpg', 'gif', 'bmp', 'tif')  # In the order of the settings' numbers.
 BY_URL, BY_NUMBER, MANUAL = range(3)
@@ -164,6 +167,11 @@ class Wizard:
         """Whether the window shows a run: the frame of the busy bar."""
         return self.shows_page(0) and self.pixel('sFrame', 0, 0) == FRAME
 
+    def is_checked(self, check):
+        """Whether there is black in its box."""
+        left, top, _, height = self.place(check)
+        return any(self.screen.pixel(left + x, top + y) == BLACK for x in range(CHECK_BOX) for y in range(height))
+
     def processes(self):
         """The processes that the wizard started, browsers' children included: they name its temporary folder."""
         found = []
@@ -175,11 +183,25 @@ class Wizard:
                 pass  # It has ended meanwhile.
         return found
 
+    @contextlib.contextmanager
+    def frozen(self):
+        """Lets the program stand still, so that it sees all that happens meanwhile at one moment."""
+        self.process.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.process.send_signal(signal.SIGCONT)
+
     # ---- What the user does ----------------------------------------------------------------------------
 
-    def click(self, control, times=1, button=1):
+    def click(self, control):
         left, top, width, height = self.place(control)
-        self.screen.do('mousemove', left + width // 2, top + height // 2, 'click', '--repeat', times, button)
+        self.screen.do('mousemove', left + width // 2, top + height // 2, 'click', 1)
+
+    def toggle(self, check):
+        before = self.is_checked(check)
+        self.click(check)
+        wait_for(lambda: self.is_checked(check) != before, f'the change of {check}')
 
     def press(self, *keys):
         self.screen.do('key', '--delay', 5, *keys)
