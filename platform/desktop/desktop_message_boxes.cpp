@@ -2,7 +2,7 @@
 
 #include "platform/desktop/owner_widget.h"
 
-#include <QLabel>
+#include <QGridLayout>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -16,8 +16,10 @@ namespace
 /// Keeps the box of a short message wide enough for its title.
 void widen(QMessageBox& box)
 {
-    constexpr int leastTextWidth = 200;
-    if (auto* text = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) text->setMinimumWidth(leastTextWidth);
+    constexpr int leastWidth = 260;
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid != nullptr)
+        grid->addItem(new QSpacerItem(leastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QMessageBox::StandardButton show(WindowHandle owner, QMessageBox::Icon icon, const QString& title,

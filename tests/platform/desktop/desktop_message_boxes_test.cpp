@@ -2,6 +2,7 @@
 
 #include "tests/support/with_dialog.h"
 
+#include <QLabel>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -18,15 +19,18 @@ TEST(DesktopMessageBoxes, ShowPlainTextUnderTheirTitleAndIcon)
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_EQ(box.icon(), icon);
             EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+            const auto* shown = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+            EXPECT_GE(shown->width(), shown->sizeHint().width()) << "nothing is cut off";
             test::press(box, Qt::Key_Return);
         };
     };
+    const QString longText(60, u'W');
     withDialog<QMessageBox>([&] { boxes.information(nullptr, u"Done!\r\n   "_s); },
                             expectBox(u"Vistrel"_s, u"Done!\n   "_s, QMessageBox::Information));
     withDialog<QMessageBox>([&] { boxes.critical(nullptr, u"Invalid file!"_s); },
                             expectBox(u"Vistrel"_s, u"Invalid file!"_s, QMessageBox::Critical));
-    withDialog<QMessageBox>([&] { boxes.exclamation(nullptr, u"Overflow"_s, u"GradientRect"_s); },
-                            expectBox(u"GradientRect"_s, u"Overflow"_s, QMessageBox::Warning));
+    withDialog<QMessageBox>([&] { boxes.exclamation(nullptr, longText, u"GradientRect"_s); },
+                            expectBox(u"GradientRect"_s, longText, QMessageBox::Warning));
 }
 
 TEST(DesktopMessageBoxes, EnterAnswersWithTheDefaultAndEscapeWithNo)
