@@ -24,12 +24,23 @@ QString noteScript()
     })js"_s;
 }
 
+/// Asks the window and those of its frames that are of its origin. Another origin's frame cannot be asked: it
+/// is taken to notice when it is large enough to hold content and not in sight already.
 QString noticesScript()
 {
     return uR"js((() => {
         const listens = target => ['scroll', 'scrollend'].some(name => name in getEventListeners(target));
-        return window.length > 0 || IntersectionObserver.prototype.observe.called === true ||
-            Element.prototype.attachShadow.called === true || [window, document, document.body].some(listens);
+        const notices = view => view.IntersectionObserver.prototype.observe.called === true ||
+            view.Element.prototype.attachShadow.called === true ||
+            [view, view.document, view.document.body].some(listens) ||
+            Array.from(view.document.querySelectorAll('iframe, frame')).some(frameNotices);
+        const frameNotices = frame => {
+            const box = frame.getBoundingClientRect();
+            if (box.width < 50 || box.height < 50 || frame.ownerDocument === document && box.bottom <= innerHeight)
+                return false;
+            return frame.contentDocument === null || notices(frame.contentWindow);
+        };
+        return notices(window);
     })())js"_s;
 }
 

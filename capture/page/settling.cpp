@@ -36,7 +36,11 @@ QString scrollScript(int top)
 QString stateScript()
 {
     return uR"js((() => {
-        for (const part of document.querySelectorAll('[loading=lazy]')) part.loading = 'eager';
+        const hasten = tree => {
+            for (const part of tree.querySelectorAll('[loading=lazy]')) part.loading = 'eager';
+            for (const frame of tree.querySelectorAll('iframe')) if (frame.contentDocument) hasten(frame.contentDocument);
+        };
+        hasten(document);
         const hiddenPart = () => {
             const root = document.scrollingElement || document.documentElement;
             if (!root || root.scrollHeight > innerHeight + 1) return 0;
