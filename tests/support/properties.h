@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/runtime_error.h"
 #include "platform/widgets/control_widget.h"
-
-#include <QVariant>
 
 #include <gtest/gtest.h>
 
-#include <utility>
+#include <functional>
 
 namespace vistrel
 {
@@ -18,29 +17,26 @@ inline PropertyBag saved(const ControlWidget& control)
     return bag;
 }
 
-inline QStringList keys(const PropertyBag& bag)
+/// The keys of what control saves, in their order, separated by spaces.
+inline QString savedKeys(const ControlWidget& control)
 {
-    QStringList result;
+    QStringList keys;
+    const PropertyBag bag = saved(control);
     for (const auto& entry : bag.entries())
-        result += entry.key;
-    return result;
+        keys += entry.key;
+    return keys.join(u' ');
 }
 
-using PropertySettings = QList<std::pair<QString, QVariant>>;
-
-/// Sets one property after the other; each must report itself, once, and nothing else.
-inline void expectReports(ControlWidget& control, const PropertySettings& settings)
+/// The error that call ends with; it must end with one.
+inline RuntimeError::Number errorOf(const std::function<void()>& call)
 {
-    QStringList reported;
-    const auto connection = QObject::connect(&control, &ControlWidget::propertyChanged,
-                                             [&](const QString& name) { reported += name; });
-    QStringList expected;
-    for (const auto& [property, value] : settings) {
-        EXPECT_TRUE(control.setProperty(property.toLatin1().constData(), value)) << property.toStdString();
-        expected += property;
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.number();
     }
-    QObject::disconnect(connection);
-    EXPECT_EQ(reported, expected);
+    ADD_FAILURE() << "no error";
+    return {};
 }
 
 } // namespace vistrel

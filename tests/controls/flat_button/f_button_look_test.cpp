@@ -1,5 +1,7 @@
 #include "controls/flat_button/f_button.h"
+#include "tests/support/pixels.h"
 #include "tests/support/printers.h"
+#include "tests/support/properties.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +33,7 @@ Color nearest(QColor pixel)
     return std::ranges::min({back, outline, ink, white, magenta}, {}, distance);
 }
 
+/// A button of 60 x 24 pixels.
 class FButtonLook : public testing::Test
 {
 protected:
@@ -44,17 +47,16 @@ protected:
         button.setSizeTwips(60 * 15, 24 * 15);
     }
 
-    /// Bounds of the pixels of that colour.
+    void show(const QString& caption)
+    {
+        button.setCaption(caption);
+        button.setStyle(button.style()); // Repaints.
+    }
+
     QRect bounds(Color color) const
     {
-        QRect result;
         const QImage& image = button.surface().image();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (nearest(image.pixelColor(x, y)) == color) result |= QRect(x, y, 1, 1);
-            }
-        }
-        return result;
+        return boundsOf(image, image.rect(), [&](QColor pixel) { return nearest(pixel) == color; });
     }
 
     static Picture square(int size)
@@ -69,46 +71,36 @@ protected:
 
 } // namespace
 
-TEST_F(FButtonLook, anEmptyButtonIsBackgroundAndOutline)
+TEST_F(FButtonLook, anEmptyButtonIsBackgroundAndOutlineAtEverySize)
 {
-    button.setCaption(u""_s);
-    button.setIfDraw(false);
+    show({});
     EXPECT_EQ(bounds(back), QRect(0, 0, 60, 24));
     button.setIfDraw(true);
     EXPECT_EQ(bounds(outline), QRect(0, 0, 60, 24));
     EXPECT_EQ(bounds(back), QRect(1, 1, 58, 22));
+    button.setSizeTwips(30 * 15, 10 * 15);
+    EXPECT_EQ(bounds(outline), QRect(0, 0, 30, 10));
 }
 
-TEST_F(FButtonLook, aCaptionIsCentredInTheForeColour)
+TEST_F(FButtonLook, aNewCaptionShowsCentredAtTheNextRepaint)
 {
-    button.setCaption(u"HHH"_s);
-    button.setStyle(0);
-    const QRect text = bounds(ink);
-    EXPECT_LE(std::abs(text.center().x() - 30), 1);
-    EXPECT_LE(std::abs(text.center().y() - 12), 2);
-}
-
-TEST_F(FButtonLook, aNewCaptionShowsAtTheNextRepaint)
-{
-    button.setCaption(u""_s);
-    button.setStyle(0);
+    show({});
     button.setCaption(u"HHH"_s);
     EXPECT_TRUE(bounds(ink).isEmpty());
+    QStringList reported;
+    QObject::connect(&button, &FButton::propertyChanged, [&](const QString& name) { reported += name; });
     button.setStyle(0);
-    EXPECT_FALSE(bounds(ink).isEmpty());
-}
-
-TEST_F(FButtonLook, aPictureAloneIsCentred)
-{
-    button.setCaption(u""_s);
-    button.setPicture(square(10));
-    EXPECT_EQ(bounds(magenta), QRect(25, 7, 10, 10));
+    EXPECT_EQ(reported, (QStringList{u"Caption"_s, u"style"_s})) << "each repaint reports the caption";
+    EXPECT_LE(std::abs(bounds(ink).center().x() - 30), 1);
+    EXPECT_LE(std::abs(bounds(ink).center().y() - 12), 2);
 }
 
 TEST_F(FButtonLook, thePictureTakesItsPlaceByStyle)
 {
-    button.setCaption(u"H"_s);
+    show({});
     button.setPicture(square(10));
+    EXPECT_EQ(bounds(magenta), QRect(25, 7, 10, 10)) << "alone";
+    show(u"H"_s);
     const int textWidthPx = static_cast<int>(button.surface().textWidth(u"H"_s) / 15);
     EXPECT_EQ(bounds(magenta).left(), qRound((60 - 10 - textWidthPx) / 3.0));
     EXPECT_GT(bounds(ink).left(), bounds(magenta).right());
@@ -117,35 +109,24 @@ TEST_F(FButtonLook, thePictureTakesItsPlaceByStyle)
     button.setStyle(1);
     EXPECT_EQ(bounds(magenta).left(), 25);
     EXPECT_GT(bounds(ink).top(), bounds(magenta).bottom());
-
     button.setStyle(99);
     EXPECT_EQ(bounds(magenta), QRect(40, 15, 10, 10));
     EXPECT_LT(bounds(ink).right(), 40);
 }
 
-TEST_F(FButtonLook, aDisabledCaptionHasAWhiteCopyTwoPixelsDownAndRight)
+TEST_F(FButtonLook, aDisabledCaptionHasAWhiteCopyDownAndRight)
 {
-    button.setCaption(u"I"_s);
-    button.setStyle(0);
+    show(u"I"_s);
     const QRect enabled = bounds(ink);
+    button.QWidget::setEnabled(false);
+    button.setStyle(0);
+    EXPECT_TRUE(bounds(white).isEmpty()) << "the form's own enabling keeps the look";
     button.setEnabled(false);
     EXPECT_EQ(bounds(white), enabled.translated(2, 2));
     EXPECT_EQ(bounds(ink), enabled);
-    EXPECT_EQ(button.ForeColor(), ink);
-
     button.setPicture(square(4));
     button.setStyle(2);
-    const QPoint shift = bounds(white).topLeft() - bounds(ink).topLeft();
-    EXPECT_EQ(shift, QPoint(1, 1));
-}
-
-TEST_F(FButtonLook, theFormsOwnEnabledStopsInputButKeepsTheLook)
-{
-    button.setCaption(u"I"_s);
-    button.QWidget::setEnabled(false);
-    button.setStyle(0);
-    EXPECT_TRUE(button.Enabled());
-    EXPECT_TRUE(bounds(white).isEmpty());
+    EXPECT_EQ(bounds(white).topLeft() - bounds(ink).topLeft(), QPoint(1, 1));
 }
 
 TEST_F(FButtonLook, theHoverRepaintUsesTheHoverColourForTheCaptionOnly)
@@ -169,12 +150,21 @@ TEST_F(FButtonLook, captionGlyphsAreDrawnWithoutTheirFont)
     }
 }
 
-TEST_F(FButtonLook, aResizeRepaints)
+TEST_F(FButtonLook, newButtonsAreLitAndLoadedOnesFlat)
 {
-    button.setCaption(u""_s);
-    button.setIfDraw(true);
-    button.setSizeTwips(30 * 15, 10 * 15);
-    EXPECT_EQ(bounds(outline), QRect(0, 0, 30, 10));
+    EXPECT_EQ(FButton().Caption(), u"Flash Button"_s);
+    EXPECT_EQ(button.MouseOnColor(), Color{0x87CDFC});
+    EXPECT_EQ(button.MouseDownColor(), Color{0xC5D6D9});
+    for (const QString& caption : {u"Flash Button"_s, u"Flat Button"_s, u""_s}) {
+        FButton loaded;
+        button.setCaption(caption);
+        loaded.ReadProperties(saved(button));
+        EXPECT_EQ(loaded.Caption(), caption.isEmpty() ? caption : u"Flat Button"_s);
+    }
+    FButton loaded;
+    loaded.ReadProperties({});
+    EXPECT_EQ(loaded.BackColor(), Color{0x8000000F});
+    EXPECT_EQ(loaded.MouseOnColor(), Color{0x80000012});
 }
 
 } // namespace vistrel

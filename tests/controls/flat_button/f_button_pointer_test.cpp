@@ -1,6 +1,10 @@
 #include "controls/flat_button/f_button.h"
+#include "tests/support/pixels.h"
 #include "tests/support/pointer.h"
 #include "tests/support/printers.h"
+#include "tests/support/recorded_events.h"
+
+#include <QAccessible>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +21,7 @@ constexpr Color lit = Color::rgb(252, 205, 135);
 constexpr Color down = Color::rgb(217, 214, 197);
 constexpr Color light = Color::rgb(255, 255, 255);
 constexpr Color dark = Color::rgb(128, 128, 128);
+constexpr QPoint on(10, 5), outside(70, 5);
 
 /// A button of 60 x 24 pixels at (20, 20) of a form, seen through its events and its pixels.
 class FButtonPointer : public testing::Test
@@ -26,7 +31,7 @@ protected:
     {
         form.setGeometry(100, 100, 200, 120);
         button.InitProperties();
-        button.setCaption(u"Go"_s);
+        button.setCaption(u"Go  "_s);
         button.setBackColor(back);
         button.setMouseOnColor(lit);
         button.setMouseDownColor(down);
@@ -36,35 +41,24 @@ protected:
         button.setSizeTwips(60 * 15, 24 * 15);
         form.show();
         Pointer::moveTo(form, {150, 100});
-        record();
-    }
-
-    void record()
-    {
-        const auto note = [this](const char* event) {
-            return [this, event](qint16& Button, qint16& Shift, float& X, float& Y) {
-                events += u"%1 %2 %3 %4,%5"_s.arg(QString::fromLatin1(event))
-                              .arg(Button)
-                              .arg(Shift)
-                              .arg(static_cast<double>(X))
-                              .arg(static_cast<double>(Y));
-            };
-        };
-        QObject::connect(&button, &FButton::MouseDown, note("down"));
-        QObject::connect(&button, &FButton::MouseMove, note("move"));
-        QObject::connect(&button, &FButton::MouseUp, note("up"));
+        recordMouse(button, events);
         QObject::connect(&button, &FButton::Click, [this] { events += u"click"_s; });
     }
 
-    QColor at(int x, int y) const { return button.surface().image().pixelColor(x, y); }
+    void pressOn(Qt::MouseButton mouseButton = Qt::LeftButton, Qt::KeyboardModifiers modifiers = {})
+    {
+        Pointer::moveTo(button, on);
+        events.clear();
+        Pointer::press(button, on, mouseButton, modifiers);
+    }
 
     void expectLook(Color background, Color leftTop, Color rightBottom) const
     {
-        EXPECT_EQ(at(3, 3), background.toQColor());
-        EXPECT_EQ(at(0, 10), leftTop.toQColor());
-        EXPECT_EQ(at(30, 0), leftTop.toQColor());
-        EXPECT_EQ(at(59, 10), rightBottom.toQColor());
-        EXPECT_EQ(at(30, 23), rightBottom.toQColor());
+        EXPECT_EQ(pixel(button, {3, 3}), background.toQColor());
+        for (const QPoint at : {QPoint(0, 10), QPoint(30, 0)})
+            EXPECT_EQ(pixel(button, at), leftTop.toQColor());
+        for (const QPoint at : {QPoint(59, 10), QPoint(30, 23)})
+            EXPECT_EQ(pixel(button, at), rightBottom.toQColor());
     }
     void expectResting() const { expectLook(back, back, back); }
     void expectHover() const { expectLook(lit, light, dark); }
@@ -79,23 +73,24 @@ protected:
 
 TEST_F(FButtonPointer, lightsUpUnderThePointerAndRestsWhenItLeaves)
 {
-    expectResting();
-    Pointer::moveTo(button, {10, 5});
+    Pointer::moveTo(button, on);
     expectHover();
     Pointer::moveTo(button, {11, 5});
     expectHover();
     Pointer::moveTo(form, {150, 90});
     expectResting();
     EXPECT_EQ(events, (QStringList{u"move 0 0 150,75"_s, u"move 0 0 165,75"_s, u"move 0 0 1950,1050"_s}));
+    Pointer::moveTo(button, on);
+    button.hide();
+    QApplication::processEvents();
+    expectResting();
 }
 
 TEST_F(FButtonPointer, aClickSinksTheButtonAndIsRaisedLast)
 {
-    Pointer::moveTo(button, {10, 5});
-    events.clear();
-    Pointer::press(button, {10, 5}, Qt::LeftButton, Qt::ShiftModifier | Qt::AltModifier);
+    pressOn(Qt::LeftButton, Qt::ShiftModifier | Qt::AltModifier);
     expectPressed();
-    Pointer::release(button, {10, 5});
+    Pointer::release(button, on);
     EXPECT_EQ(events, (QStringList{u"down 1 5 150,75"_s, u"up 1 0 150,75"_s, u"click"_s}));
     expectResting();
     Pointer::moveTo(button, {12, 5});
@@ -104,98 +99,84 @@ TEST_F(FButtonPointer, aClickSinksTheButtonAndIsRaisedLast)
 
 TEST_F(FButtonPointer, aReleaseOutsideIsNoClick)
 {
-    Pointer::moveTo(button, {10, 5});
-    Pointer::press(button, {10, 5});
-    events.clear();
-    Pointer::moveTo(button, {70, 5});
+    pressOn();
+    Pointer::moveTo(button, outside);
     expectResting();
-    Pointer::release(button, {70, 5});
+    Pointer::release(button, outside);
     expectResting();
-    EXPECT_EQ(events, (QStringList{u"move 1 0 1050,75"_s, u"up 1 0 1050,75"_s}));
-}
+    EXPECT_EQ(events.sliced(1), (QStringList{u"move 1 0 1050,75"_s, u"up 1 0 1050,75"_s}));
 
-TEST_F(FButtonPointer, draggingBackInLightsUpAndClicks)
-{
-    Pointer::moveTo(button, {10, 5});
-    Pointer::press(button, {10, 5});
-    Pointer::moveTo(button, {70, 5});
-    Pointer::moveTo(button, {10, 5});
+    pressOn();
+    Pointer::moveTo(button, outside);
+    Pointer::moveTo(button, on);
     expectHover();
-    Pointer::release(button, {10, 5});
-    EXPECT_EQ(events.last(), u"click"_s);
+    Pointer::release(button, on);
+    EXPECT_EQ(events.last(), u"click"_s) << "dragged back in";
 }
 
 TEST_F(FButtonPointer, otherButtonsSinkItButDoNotClick)
 {
-    Pointer::moveTo(button, {10, 5});
-    events.clear();
-    Pointer::press(button, {10, 5}, Qt::RightButton);
+    pressOn(Qt::RightButton);
     expectPressed();
-    Pointer::release(button, {10, 5}, Qt::RightButton);
+    Pointer::release(button, on, Qt::RightButton);
     EXPECT_EQ(events, (QStringList{u"down 2 0 150,75"_s, u"up 2 0 150,75"_s}));
 }
 
 TEST_F(FButtonPointer, theFarEdgesCountAsInside)
 {
-    Pointer::moveTo(button, {10, 5});
-    Pointer::press(button, {10, 5});
+    pressOn();
     Pointer::moveTo(button, {60, 24});
-    EXPECT_EQ(at(3, 3), down.toQColor());
+    EXPECT_EQ(pixel(button, {3, 3}), down.toQColor());
     Pointer::moveTo(button, {61, 24});
-    EXPECT_EQ(at(3, 3), back.toQColor());
+    EXPECT_EQ(pixel(button, {3, 3}), back.toQColor());
     Pointer::release(button, {61, 24});
-}
-
-TEST_F(FButtonPointer, blackStandsForTheBackground)
-{
-    button.setMouseOnColor({0});
-    Pointer::moveTo(button, {10, 5});
-    expectLook(back, light, dark);
 }
 
 TEST_F(FButtonPointer, aPropertyChangeWhileLitTakesTheFrameAway)
 {
-    Pointer::moveTo(button, {10, 5});
+    Pointer::moveTo(button, on);
     button.setStyle(1);
     expectLook(lit, lit, lit);
     button.setBackColor(down);
     expectLook(down, down, down);
 }
 
-TEST_F(FButtonPointer, aHandlerMayMoveThePoint)
+TEST_F(FButtonPointer, aHandlerMayMoveThePointAndBlackStandsForTheBackground)
 {
+    button.setMouseOnColor({0});
     const auto connection =
         QObject::connect(&button, &FButton::MouseMove, [](qint16&, qint16&, float& X, float&) { X = -1; });
-    Pointer::moveTo(button, {10, 5});
+    Pointer::moveTo(button, on);
     expectResting();
     QObject::disconnect(connection);
+    Pointer::moveTo(button, {11, 5});
+    expectLook(back, light, dark);
 }
 
-TEST_F(FButtonPointer, disabledButtonsTakeNoMouse)
+TEST_F(FButtonPointer, neitherKeysNorAMouseOnADisabledButtonPressIt)
 {
+    button.setFocus();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
+        QTest::keyClick(form.windowHandle(), key);
     button.setEnabled(false);
-    Pointer::click(button, {10, 5});
+    Pointer::click(button, on);
     EXPECT_TRUE(events.isEmpty());
     button.setEnabled(true);
     Pointer::moveTo(button, {11, 5});
     expectHover();
 }
 
-TEST_F(FButtonPointer, hidingTheButtonEndsTheLitLook)
+TEST_F(FButtonPointer, assistiveToolsSeeAButtonAndPressItWhileItIsEnabled)
 {
-    Pointer::moveTo(button, {10, 5});
-    button.hide();
-    QApplication::processEvents();
-    expectResting();
-}
-
-TEST_F(FButtonPointer, noKeyPressesIt)
-{
-    button.setFocus();
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
-        QTest::keyClick(form.windowHandle(), key);
-    EXPECT_TRUE(events.isEmpty());
-    expectResting();
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::Button);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Go"_s);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    button.setEnabled(false);
+    EXPECT_TRUE(seen->state().disabled);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(events, QStringList{u"click"_s});
 }
 
 } // namespace vistrel

@@ -21,31 +21,16 @@ SliderParts standing(double length, QSize thumb = {16, 16})
     return {verticalOrientation, {16, length}, thumb, std::nullopt};
 }
 
-SliderParts other()
-{
-    SliderParts parts = lying(100);
-    parts.orientation = 2;
-    return parts;
-}
-
 } // namespace
-
-TEST(SliderGeometry, thumbAndRailOfAHundredPixels)
-{
-    EXPECT_EQ(lying(100).track(), 84);
-    EXPECT_EQ(thumbAlong(lying(100), tenSteps, 5), 42.0F);
-    EXPECT_EQ(railRect(lying(100)), QRect(6, 6, 88, 4));
-    EXPECT_EQ(thumbAlong(standing(100), tenSteps, 0), 84.0F);
-    EXPECT_EQ(thumbAlong(standing(100), tenSteps, 10), 0.0F);
-    EXPECT_EQ(railRect(standing(100)), QRect(6, 6, 4, 88));
-}
 
 TEST(SliderGeometry, railEdgesTakeTiesToEven)
 {
+    EXPECT_EQ(railRect(lying(100)), QRect(6, 6, 88, 4));
+    EXPECT_EQ(railRect(standing(100)), QRect(6, 6, 4, 88));
     EXPECT_EQ(railRect(lying(100, {15, 13})), QRect(6, 4, 89, 4)); // From 5.5 and 4.5.
     EXPECT_EQ(railRect(standing(100, {13, 15})), QRect(4, 6, 4, 89));
-    EXPECT_EQ(railRect(lying(99.5, {16, 16})).width(), 88);  // Ends at 93.5.
-    EXPECT_EQ(railRect(lying(100.5, {16, 16})).width(), 88); // Ends at 94.5.
+    EXPECT_EQ(railRect(lying(99.5)).width(), 88);  // Ends at 93.5.
+    EXPECT_EQ(railRect(lying(100.5)).width(), 88); // Ends at 94.5.
 }
 
 TEST(SliderGeometry, valuesTakeTiesToEven)
@@ -55,6 +40,7 @@ TEST(SliderGeometry, valuesTakeTiesToEven)
     EXPECT_EQ(valueAt(standing(100), tenSteps, 63), 2);
     EXPECT_EQ(valueAt(lying(100), {-10, 0}, 21), -8); // -7.5
     EXPECT_EQ(thumbAlong(lying(100), tenSteps, 2), 16.8F);
+    EXPECT_EQ(thumbAlong(standing(100), tenSteps, 10), 0.0F);
 }
 
 TEST(SliderGeometry, valueAtUndoesThumbAlong)
@@ -75,34 +61,36 @@ TEST(SliderGeometry, withoutTrackRangeOrOrientationNothingMoves)
     EXPECT_EQ(valueAt(lying(16), {3, 9}, 0), 0);
     EXPECT_EQ(thumbAlong(lying(100), {4, 4}, 4), std::nullopt);
     EXPECT_EQ(valueAt(lying(100), {4, 4}, 30), 4);
-    EXPECT_EQ(thumbAlong(other(), tenSteps, 4), std::nullopt);
-    EXPECT_EQ(valueAt(other(), {3, 9}, 30), 0);
-    EXPECT_TRUE(railRect(other()).isEmpty());
-    EXPECT_EQ(sliderSizeTwips(other(), {600, 900}), QSizeF(600, 900));
+    SliderParts other = lying(100);
+    other.orientation = 2;
+    EXPECT_EQ(thumbAlong(other, tenSteps, 4), std::nullopt);
+    EXPECT_EQ(valueAt(other, {3, 9}, 30), 0);
+    EXPECT_TRUE(railRect(other).isEmpty());
+    EXPECT_EQ(sliderSizeTwips(other, {600, 900}), QSizeF(600, 900));
 }
 
-TEST(SliderGeometry, aDrawnRailLeavesTheLengthToTheHost)
-{
-    EXPECT_EQ(sliderSizeTwips(lying(0, {8, 16}), {1500, 999}), QSizeF(1500, 240));
-    EXPECT_EQ(sliderSizeTwips(lying(0, {8, 16}), {0, 999}), QSizeF(120, 240));
-    EXPECT_EQ(sliderSizeTwips(standing(0, {8, 16}), {999, 1500}), QSizeF(120, 1500));
-    EXPECT_EQ(sliderSizeTwips(standing(0, {8, 16}), {999, 0}), QSizeF(120, 240));
-}
-
-TEST(SliderGeometry, aRailPictureSetsTheSize)
+TEST(SliderGeometry, aDrawnRailLeavesTheLengthToTheHostAndAPictureSetsIt)
 {
     SliderParts parts = lying(0, {8, 16});
-    parts.rail = QSize(175, 8);
-    EXPECT_EQ(sliderSizeTwips(parts, {0, 0}), QSizeF(2685, 240));
-    EXPECT_EQ(thumbAcross(parts), 0);
-    parts.rail = QSize(175, 23);
-    EXPECT_EQ(sliderSizeTwips(parts, {0, 0}), QSizeF(2685, 345));
-    EXPECT_EQ(thumbAcross(parts), 3.5F);
-
-    parts.orientation = verticalOrientation;
-    parts.rail = QSize(11, 175);
-    EXPECT_EQ(sliderSizeTwips(parts, {0, 0}), QSizeF(165, 2685));
-    EXPECT_EQ(thumbAcross(parts), 1.5F);
+    EXPECT_EQ(sliderSizeTwips(parts, {1500, 999}), QSizeF(1500, 240));
+    EXPECT_EQ(sliderSizeTwips(parts, {0, 999}), QSizeF(120, 240));
+    EXPECT_EQ(sliderSizeTwips(standing(0, {8, 16}), {999, 0}), QSizeF(120, 240));
+    const struct {
+        qint32 orientation;
+        QSize rail;
+        QSizeF size;
+        float thumbAcross;
+    } rows[] = {
+        {horizontalOrientation, {175, 8}, {2685, 240}, 0},
+        {horizontalOrientation, {175, 23}, {2685, 345}, 3.5F},
+        {verticalOrientation, {11, 175}, {165, 2685}, 1.5F},
+    };
+    for (const auto& row : rows) {
+        parts.orientation = row.orientation;
+        parts.rail = row.rail;
+        EXPECT_EQ(sliderSizeTwips(parts, {0, 0}), row.size);
+        EXPECT_EQ(thumbAcross(parts), row.thumbAcross);
+    }
 }
 
 } // namespace vistrel

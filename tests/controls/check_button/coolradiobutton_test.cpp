@@ -1,6 +1,10 @@
 #include "controls/check_button/coolradiobutton.h"
+#include "tests/support/pixels.h"
 #include "tests/support/pointer.h"
 #include "tests/support/printers.h"
+#include "tests/support/recorded_events.h"
+
+#include <QAccessible>
 
 #include <gtest/gtest.h>
 
@@ -15,21 +19,22 @@ namespace
 constexpr Color back = Color::rgb(240, 240, 200);
 constexpr Color fore = Color::rgb(0, 90, 0);
 constexpr Color hot = Color::rgb(200, 0, 0);
-const QString solid(4, QChar(0x2588)); // Blocks show the caption's colour unmixed.
-constexpr QPoint aside(90, 17);        // On the button, right of its caption.
+constexpr Color pale = Color::rgb(161, 161, 146);
+const QColor white(255, 255, 255), beige(222, 215, 198), gray(184, 184, 184);
+constexpr QPoint aside(90, 17); // On the button, right of its caption.
 
 /// A button of 100 x 18 pixels at (20, 20) of a form, seen through its events and its pixels. Its glyph's
 /// box starts 1.67 pixels down.
-class CoolradiobuttonPointer : public testing::Test
+class CoolradiobuttonTest : public testing::Test
 {
 protected:
-    CoolradiobuttonPointer()
+    CoolradiobuttonTest()
     {
         form.setGeometry(100, 100, 200, 120);
         button.setObjectName(u"chkTest"_s);
         button.InitProperties();
         button.setBtnType(squareBtnType);
-        button.setCaption(solid);
+        button.setCaption(QString(4, QChar(0x2588))); // Blocks show the caption's colour unmixed.
         button.setBackColor(back);
         button.setForeColor(fore);
         button.setHotColor(hot);
@@ -48,18 +53,7 @@ protected:
 
     void record()
     {
-        const auto note = [this](const char* event) {
-            return [this, event](qint16& Button, qint16& Shift, float& X, float& Y) {
-                events += u"%1 %2 %3 %4,%5"_s.arg(QString::fromLatin1(event))
-                              .arg(Button)
-                              .arg(Shift)
-                              .arg(static_cast<double>(X))
-                              .arg(static_cast<double>(Y));
-            };
-        };
-        QObject::connect(&button, &Coolradiobutton::MouseDown, note("down"));
-        QObject::connect(&button, &Coolradiobutton::MouseMove, note("move"));
-        QObject::connect(&button, &Coolradiobutton::MouseUp, note("up"));
+        recordMouse(button, events);
         QObject::connect(&button, &Coolradiobutton::MouseOut, [this] { events += u"out"_s; });
         QObject::connect(&button, &Coolradiobutton::Click,
                          [this] { events += button.Value() ? u"click on"_s : u"click off"_s; });
@@ -68,17 +62,14 @@ protected:
     }
 
     /// A pixel of the glyph's inside where no mark is.
-    QColor inside() const { return button.surface().image().pixelColor(2, 2 + 2 + 2); }
+    QColor inside() const { return pixel(button, {2, 6}); }
 
     bool captionShows(Color color) const
     {
         const QImage& image = button.surface().image();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 16; x < image.width(); ++x) {
-                if (image.pixelColor(x, y) == color.toQColor()) return true;
-            }
-        }
-        return false;
+        return !boundsOf(image, image.rect().adjusted(16, 0, 0, 0), [&](QColor at) {
+                    return at == color.toQColor();
+                }).isEmpty();
     }
 
     QWidget form;
@@ -86,35 +77,37 @@ protected:
     QStringList events;
 };
 
-const QColor white(255, 255, 255), beige(222, 215, 198), gray(184, 184, 184);
-
 } // namespace
 
-TEST_F(CoolradiobuttonPointer, takesItsHotLookUnderThePointerAndLosesItByItself)
+TEST_F(CoolradiobuttonTest, takesItsHotLookUnderThePointerAndLosesItByItself)
 {
-    EXPECT_EQ(inside(), back.toQColor());
+    Pointer::moveTo(form, {150, 100});
+    QTest::qWait(40);
     EXPECT_TRUE(captionShows(fore));
     Pointer::moveTo(button, aside);
+    QTest::qWait(40);
     EXPECT_EQ(inside(), white);
     EXPECT_TRUE(captionShows(hot));
     EXPECT_FALSE(captionShows(fore));
-    QTest::qWait(40);
-    EXPECT_EQ(inside(), white);
     moveAway();
     EXPECT_EQ(inside(), back.toQColor());
     EXPECT_FALSE(captionShows(hot));
     EXPECT_EQ(events, (QStringList{u"move 0 0 1350,255"_s, u"out"_s}));
 }
 
-TEST_F(CoolradiobuttonPointer, whileThePointerIsElsewhereNothingHappens)
+TEST_F(CoolradiobuttonTest, theUnderlineIsOptional)
 {
+    button.setCaption(u"     "_s);
+    Pointer::moveTo(button, aside);
+    EXPECT_TRUE(captionShows(hot));
     moveAway();
-    Pointer::moveTo(form, {150, 100});
-    QTest::qWait(40);
-    EXPECT_TRUE(events.isEmpty());
+    EXPECT_FALSE(captionShows(fore));
+    button.setHotUnderLine(false);
+    Pointer::moveTo(button, aside);
+    EXPECT_FALSE(captionShows(hot));
 }
 
-TEST_F(CoolradiobuttonPointer, movesOverItsPartsReportTheirCorner)
+TEST_F(CoolradiobuttonTest, movesOverItsPartsReportTheirCorner)
 {
     const int boxTopTwips = (18 * 15 - 240) / 2 + 40;
     Pointer::moveTo(button, {3, 10});
@@ -123,28 +116,28 @@ TEST_F(CoolradiobuttonPointer, movesOverItsPartsReportTheirCorner)
               (QStringList{u"move 0 0 0,%1"_s.arg(boxTopTwips), u"move 0 0 240,%1"_s.arg(boxTopTwips - 10)}));
 }
 
-TEST_F(CoolradiobuttonPointer, aClickIsRaisedBeforeTheValueFlips)
+TEST_F(CoolradiobuttonTest, aClickIsRaisedBeforeTheValueFlips)
 {
     Pointer::moveTo(button, aside);
     events.clear();
     Pointer::press(button, aside, Qt::LeftButton, Qt::ControlModifier);
     EXPECT_EQ(inside(), beige);
     Pointer::release(button, aside);
-    EXPECT_TRUE(button.Value());
     EXPECT_EQ(events,
               (QStringList{u"down 1 2 1350,255"_s, u"up 1 0 1350,255"_s, u"click off"_s, u"Value"_s}));
     EXPECT_EQ(inside(), back.toQColor());
     Pointer::moveTo(button, aside - QPoint(1, 0));
     EXPECT_EQ(inside(), gray);
 
+    button.setBtnType(1);
     events.clear();
     Pointer::click(button, {18, 10});
-    EXPECT_FALSE(button.Value());
+    EXPECT_FALSE(button.Value()) << "round ones flip back, too";
     EXPECT_EQ(events.at(1), u"down 1 0 30,105"_s); // From the caption's corner.
     EXPECT_TRUE(events.contains(u"click on"_s));
 }
 
-TEST_F(CoolradiobuttonPointer, otherButtonsPressItButDoNotToggle)
+TEST_F(CoolradiobuttonTest, otherButtonsAndReleasesOutsideDoNotToggle)
 {
     Pointer::moveTo(button, aside);
     Pointer::press(button, aside, Qt::RightButton);
@@ -152,14 +145,9 @@ TEST_F(CoolradiobuttonPointer, otherButtonsPressItButDoNotToggle)
     Pointer::moveTo(button, aside - QPoint(1, 0));
     EXPECT_EQ(inside(), white);
     Pointer::release(button, aside, Qt::RightButton);
-    EXPECT_FALSE(button.Value());
-}
 
-TEST_F(CoolradiobuttonPointer, aHeldButtonDraggedOutGoesBackToNormalAndDoesNotToggle)
-{
-    Pointer::moveTo(button, aside);
     Pointer::press(button, aside);
-    Pointer::moveTo(button, aside - QPoint(1, 0));
+    Pointer::moveTo(button, aside);
     EXPECT_EQ(inside(), beige);
     moveAway();
     EXPECT_EQ(inside(), back.toQColor());
@@ -168,7 +156,7 @@ TEST_F(CoolradiobuttonPointer, aHeldButtonDraggedOutGoesBackToNormalAndDoesNotTo
     EXPECT_FALSE(button.Value());
 }
 
-TEST_F(CoolradiobuttonPointer, theFarEdgesCountAsInside)
+TEST_F(CoolradiobuttonTest, theFarEdgesCountAsInside)
 {
     Pointer::moveTo(button, aside);
     Pointer::press(button, aside);
@@ -182,15 +170,7 @@ TEST_F(CoolradiobuttonPointer, theFarEdgesCountAsInside)
     Pointer::release(button, {101, 18});
 }
 
-TEST_F(CoolradiobuttonPointer, roundButtonsDoNotGroup)
-{
-    button.setBtnType(1);
-    button.setValue(true);
-    Pointer::click(button, aside);
-    EXPECT_FALSE(button.Value());
-}
-
-TEST_F(CoolradiobuttonPointer, disabledItTakesNoInput)
+TEST_F(CoolradiobuttonTest, disabledItTakesNoInputAndLosesTheHotColour)
 {
     button.setValue(true);
     button.setEnabled(false);
@@ -198,30 +178,21 @@ TEST_F(CoolradiobuttonPointer, disabledItTakesNoInput)
     Pointer::click(button, aside);
     EXPECT_TRUE(events.isEmpty());
     EXPECT_EQ(inside(), beige);
-    EXPECT_TRUE(captionShows(Color::rgb(161, 161, 146)));
+    EXPECT_TRUE(captionShows(pale));
     button.setEnabled(true);
     EXPECT_EQ(inside(), back.toQColor());
     EXPECT_TRUE(captionShows(fore));
-}
 
-TEST_F(CoolradiobuttonPointer, disabledUnderThePointerItLosesTheHotColour)
-{
-    Pointer::moveTo(button, aside);
+    Pointer::moveTo(button, aside - QPoint(1, 0));
     button.setEnabled(false);
     moveAway();
     EXPECT_EQ(events.last(), u"out"_s);
-    EXPECT_TRUE(captionShows(Color::rgb(161, 161, 146)));
+    EXPECT_TRUE(captionShows(pale));
 }
 
-TEST_F(CoolradiobuttonPointer, keysAreReportedAndDoNothing)
+TEST_F(CoolradiobuttonTest, keysAreReportedAndDoNothing)
 {
-    QObject::connect(&button, &Coolradiobutton::KeyDown, [&](qint16& KeyCode, qint16& Shift) {
-        events += u"key down %1 %2"_s.arg(KeyCode).arg(Shift);
-    });
-    QObject::connect(&button, &Coolradiobutton::KeyPress,
-                     [&](qint16& KeyAscii) { events += u"key press %1"_s.arg(KeyAscii); });
-    QObject::connect(&button, &Coolradiobutton::KeyUp,
-                     [&](qint16& KeyCode, qint16&) { events += u"key up %1"_s.arg(KeyCode); });
+    recordKeys(button, events);
     button.setFocus();
     QTest::keyClick(form.windowHandle(), Qt::Key_Space);
     QTest::keyClick(form.windowHandle(), Qt::Key_Return);
@@ -230,16 +201,35 @@ TEST_F(CoolradiobuttonPointer, keysAreReportedAndDoNothing)
     EXPECT_FALSE(button.Value());
 }
 
-TEST_F(CoolradiobuttonPointer, theUnderlineIsOptional)
+TEST_F(CoolradiobuttonTest, whatIsSetShowsAtOnce)
 {
-    button.setCaption(u"     "_s);
-    Pointer::moveTo(button, aside);
-    EXPECT_TRUE(captionShows(hot));
-    moveAway();
-    EXPECT_FALSE(captionShows(fore));
-    button.setHotUnderLine(false);
-    Pointer::moveTo(button, aside);
-    EXPECT_FALSE(captionShows(hot));
+    const auto at = [&](int x, int y) { return pixel(button, {x, y + 4}); };
+    button.setBtnType(2);
+    EXPECT_EQ(at(10, 4), QColor(165, 150, 132));
+    button.setBtnType(1);
+    EXPECT_EQ(at(10, 4), back.toQColor());
+    button.setBtnType(2);
+    button.setValue(true);
+    EXPECT_EQ(at(4, 8), QColor(Qt::black));
+    button.setEnabled(false);
+    EXPECT_EQ(at(1, 1), beige);
+    button.setBackColor(hot);
+    EXPECT_EQ(at(12, 12), hot.toQColor());
+    button.setMousePointer(2);
+    EXPECT_EQ(button.cursor().shape(), Qt::CrossCursor);
+}
+
+TEST_F(CoolradiobuttonTest, assistiveToolsSeeACheckBoxAndCanToggleIt)
+{
+    button.setCaption(u"Create thumbnail  "_s);
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&button);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::CheckBox);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Create thumbnail"_s);
+    EXPECT_FALSE(seen->state().checked);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(events.sliced(1), (QStringList{u"click off"_s, u"Value"_s}));
+    EXPECT_TRUE(seen->state().checked);
 }
 
 } // namespace vistrel
