@@ -48,11 +48,7 @@ TEST_F(ChromeTest, CaptionStripIsLaidOutAndPainted)
     const QRect minimise = widget(u"winCmd(0)"_s).geometry(), close = widget(u"winCmd(1)"_s).geometry();
     EXPECT_EQ(width - close.right() - 1, 3);
     EXPECT_EQ(close.left() - minimise.right() - 1, 1);
-    EXPECT_EQ(minimise.top(), 1);
-    EXPECT_EQ(widget(u"picCaption"_s).geometry().topLeft(), QPoint(1, 1));
     EXPECT_EQ(widget(u"picCaption"_s).width(), width - 2);
-    EXPECT_EQ(widget(u"picIcon"_s).pos(), QPoint(3, 3));
-
     EXPECT_EQ(pixel({1, 1}), QColor(0, 130, 198)) << "left end of the caption's gradient";
     EXPECT_EQ(pixel(widget(u"picTitel"_s).geometry().topLeft()), QColor(0, 130, 198));
     EXPECT_EQ(pixel(minimise.topLeft()), QColor(0, 65, 99));
@@ -63,39 +59,37 @@ TEST_F(ChromeTest, CaptionStripIsLaidOutAndPainted)
     EXPECT_TRUE(window->mask().boundingRect() == window->rect());
 }
 
-TEST_F(ChromeTest, AnyButtonOnTheCaptionMovesTheWindow)
+TEST_F(ChromeTest, AnyButtonOnTheCaptionMovesTheWindowUnlessItIsMaximised)
 {
-    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-        const QPoint before = window->pos();
-        ControlWidget& caption = widget(u"picCaption"_s);
+    ControlWidget& caption = widget(u"picCaption"_s);
+    const auto drag = [&](Qt::MouseButton button) {
         Pointer::moveTo(caption, {200, 10});
         Pointer::press(caption, {200, 10}, button);
         Pointer::moveTo(caption, {230, 25});
         QApplication::processEvents();
         Pointer::release(caption, {230, 25}, button);
-        EXPECT_NE(window->pos(), before);
-        const QPoint after = window->pos();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        const QPoint before = window->pos();
+        drag(button);
+        const QPoint after = window->pos();
+        EXPECT_NE(after, before);
         Pointer::moveTo(caption, {100, 12});
         EXPECT_EQ(window->pos(), after) << "released";
     }
-}
-
-TEST_F(ChromeTest, AMaximisedWindowStaysWhereItIs)
-{
     window->setWindowState(Qt::WindowMaximized);
     QApplication::processEvents();
     const QPoint before = window->pos();
-    ControlWidget& caption = widget(u"picCaption"_s);
-    Pointer::moveTo(caption, {200, 10});
-    Pointer::press(caption, {200, 10});
-    Pointer::moveTo(caption, {260, 40});
-    Pointer::release(caption, {260, 40});
+    drag(Qt::LeftButton);
     EXPECT_EQ(window->pos(), before);
 }
 
-TEST_F(ChromeTest, CaptionButtonsMinimiseAndClose)
+TEST_F(ChromeTest, CaptionButtonsMinimiseAndCloseAndTheLogoOpensTheHomePage)
 {
+    click(u"picLogo"_s);
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened.first().startsWith(u"https://"_s));
     click(u"winCmd(0)"_s);
     EXPECT_TRUE(window->isMinimized());
     window->showNormal();
@@ -104,13 +98,6 @@ TEST_F(ChromeTest, CaptionButtonsMinimiseAndClose)
     click(u"winCmd(1)"_s);
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(loadConfig(folder.path(u"Config.Ini"_s)).ThumWidth, 123);
-}
-
-TEST_F(ChromeTest, TheLogoOpensTheHomePage)
-{
-    click(u"picLogo"_s);
-    ASSERT_EQ(opened.size(), 1);
-    EXPECT_TRUE(opened.first().startsWith(u"https://"_s));
 }
 
 } // namespace

@@ -41,10 +41,14 @@ protected:
     }
 };
 
-TEST_F(ListFilesTest, ClearLeavesTheTemplateWithoutFullStop)
+TEST_F(ListFilesTest, ClearLeavesTheTemplateWithoutFullStopThatCanBeSavedAndLoaded)
 {
     click(u"fbClear"_s);
-    EXPECT_EQ(list(), u"* The line starts with \"*\" will be treated as comment\r\n"_s);
+    const QString cleared = u"* The line starts with \"*\" will be treated as comment\r\n"_s;
+    EXPECT_EQ(list(), cleared);
+    click(u"fbSaveList"_s);
+    click(u"fbLoadList"_s);
+    EXPECT_EQ(list(), cleared + u"\r\n"_s + cleared);
 }
 
 TEST_F(ListFilesTest, LoadingAppendsAfterALineBreakEvenToNothing)
@@ -74,21 +78,25 @@ TEST_F(ListFilesTest, OnlyFilesOf3To65535BytesAreLists)
     EXPECT_EQ(list(), u"kept\r\nabc\r\n"_s + QString(65535, u'x'));
 }
 
-TEST_F(ListFilesTest, WhatCannotBeReadIsLeftAloneSilently)
+TEST_F(ListFilesTest, WhatCannotBeReadOrWrittenIsLeftAloneSilently)
 {
     setList(u"kept"_s);
     click(u"fbLoadList"_s);
+    dialogs.chosen = u"/nowhere/pages.txt"_s;
+    click(u"fbSaveList"_s);
+    EXPECT_TRUE(files.contents.isEmpty());
     dialogs.confirms = false;
     load("not asked for");
     EXPECT_EQ(list(), u"kept"_s);
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(ListFilesTest, SavingWritesTheTextAsItStands)
+TEST_F(ListFilesTest, SavingWritesTheTextAsItStandsInTheCodePage)
 {
-    setList(u"one\r\n\r\ntwo\r\n"_s);
+    program.codePage = CodePage("ISO-8859-1");
+    setList(u"one\r\n\r\ncaf\u00e9 \u20ac\r\n"_s);
     click(u"fbSaveList"_s);
-    EXPECT_EQ(files.contents.value(listFile), "one\r\n\r\ntwo\r\n");
+    EXPECT_EQ(files.contents.value(listFile), "one\r\n\r\ncaf\xe9 ?\r\n");
     EXPECT_EQ(dialogs.request.title, u"Select a file"_s);
     EXPECT_EQ(dialogs.request.flags, 0U);
     EXPECT_TRUE(messages.shown.isEmpty());
@@ -111,31 +119,6 @@ TEST_F(ListFilesTest, AnExistingFileIsReplacedOnlyWhenTheUserSaysSo)
     EXPECT_EQ(messages.shown.size(), 3) << "an empty file exists, too";
 }
 
-TEST_F(ListFilesTest, FailuresToSaveAreSilent)
-{
-    dialogs.chosen = u"/nowhere/pages.txt"_s;
-    click(u"fbSaveList"_s);
-    EXPECT_TRUE(files.contents.isEmpty());
-    EXPECT_TRUE(messages.shown.isEmpty());
-}
-
-TEST_F(ListFilesTest, ASavedListLoadsIntoAClearedOne)
-{
-    click(u"fbClear"_s);
-    const QString cleared = list();
-    click(u"fbSaveList"_s);
-    click(u"fbLoadList"_s);
-    EXPECT_EQ(list(), cleared + u"\r\n"_s + cleared);
-}
-
-TEST_F(ListFilesTest, CharactersOutsideTheCodePageAreSubstituted)
-{
-    program.codePage = CodePage("ISO-8859-1");
-    setList(u"caf\u00e9 \u20ac"_s);
-    click(u"fbSaveList"_s);
-    EXPECT_EQ(files.contents.value(listFile), "caf\xe9 ?");
-}
-
 TEST_F(ListFilesTest, ChosenFilesAreAppendedOneLineEach)
 {
     setList(u"first"_s);
@@ -145,7 +128,7 @@ TEST_F(ListFilesTest, ChosenFilesAreAppendedOneLineEach)
     EXPECT_TRUE(listHasFocus());
 }
 
-TEST_F(ListFilesTest, DroppedFilesAreAddedAsChosenOnesWouldBe)
+TEST_F(ListFilesTest, DroppedFilesAreAddedAsChosenOnesWouldBeAndLinksAsText)
 {
     const QString shortcut = folder.write(u"x.URL"_s, "[InternetShortcut]\r\nURL=https://a.example/\r\n");
     setList(u"first"_s);
@@ -154,12 +137,8 @@ TEST_F(ListFilesTest, DroppedFilesAreAddedAsChosenOnesWouldBe)
     drop(data);
     EXPECT_EQ(list(), u"first\r\n/pages/a b.html\r\n\r\nhttps://a.example/\r\n"_s);
     EXPECT_EQ(control<TextBox>(u"txtURLList"_s).SelStart(), list().size());
-}
 
-TEST_F(ListFilesTest, ADroppedLinkIsText)
-{
     setList({});
-    QMimeData data;
     data.setUrls({QUrl(u"https://b.example/"_s)});
     data.setText(u"https://b.example/"_s);
     drop(data);

@@ -2,6 +2,8 @@
 
 #include "platform/forms/timer.h"
 
+#include <algorithm>
+
 namespace vistrel::test
 {
 
@@ -23,21 +25,30 @@ protected:
     QString caption(const QString& name) { return control<Label>(name).Caption(); }
     bool isRunning()
     {
-        const bool listLocked =
-            !control<FButton>(u"fbLoadList"_s).Enabled() && !control<FButton>(u"fbClear"_s).Enabled() &&
-            !control<FButton>(u"fbSaveList"_s).Enabled() && !control<FButton>(u"fbAddFiles"_s).Enabled();
-        return listLocked && !widget(u"fbConvert"_s).isEnabled() && widget(u"fbStop"_s).isEnabled() &&
-               !widget(u"sFrame"_s).isHidden() && !widget(u"picProgress"_s).isHidden() &&
-               !widget(u"lblProgress"_s).isHidden() && !widget(u"lblProgress1"_s).isHidden() &&
-               !widget(u"lblprogress2"_s).isHidden() && control<Timer>(u"tmrShow"_s).Enabled();
+        return listButtonsAre(false) && progressIs(true) && !isEnabled(u"fbConvert"_s) &&
+               isEnabled(u"fbStop"_s);
     }
     bool isIdle()
     {
-        return control<FButton>(u"fbLoadList"_s).Enabled() && control<FButton>(u"fbAddFiles"_s).Enabled() &&
-               widget(u"fbConvert"_s).isEnabled() && !widget(u"fbStop"_s).isEnabled() &&
-               widget(u"sFrame"_s).isHidden() && widget(u"picProgress"_s).isHidden() &&
-               widget(u"lblProgress"_s).isHidden() && widget(u"lblProgress1"_s).isHidden() &&
-               !control<Timer>(u"tmrShow"_s).Enabled() && !control<Timer>(u"tmrDelay"_s).Enabled();
+        return listButtonsAre(true) && progressIs(false) && isEnabled(u"fbConvert"_s) &&
+               !isEnabled(u"fbStop"_s) && !control<Timer>(u"tmrDelay"_s).Enabled();
+    }
+
+private:
+    bool isEnabled(const QString& name) { return widget(name).isEnabled(); }
+    bool listButtonsAre(bool enabled)
+    {
+        return std::ranges::all_of(
+            QStringList{u"fbLoadList"_s, u"fbClear"_s, u"fbSaveList"_s, u"fbAddFiles"_s},
+            [&](const QString& name) { return control<FButton>(name).Enabled() == enabled; });
+    }
+    bool progressIs(bool shown)
+    {
+        const QStringList parts = {u"sFrame"_s, u"picProgress"_s, u"lblProgress"_s, u"lblProgress1"_s,
+                                   u"lblprogress2"_s};
+        return control<Timer>(u"tmrShow"_s).Enabled() == shown &&
+               std::ranges::all_of(parts,
+                                   [&](const QString& name) { return widget(name).isHidden() != shown; });
     }
 };
 
