@@ -27,21 +27,16 @@ protected:
 
 TEST_F(AddFilesTest, AsksForPagesAndLeavesTheCaretAtTheEnd)
 {
-    EXPECT_EQ(added(u"C:\\a.htm\0\0\0"_s), u"\r\nC:\\a.htm\r\n"_s);
-    EXPECT_EQ(log.lines(), R"(dialog "" must exist 1, multi 1, filter )"
-                           "All HTML Files & URLs(*.htm;*.html;*.mht;*.mhtml;*.txt;*.url)"
-                           R"(|*.htm;*.html;*.mht;*.mhtml;*.txt;*.url, title "", default .htm
-list caret to end
-focus list
-)");
-}
-
-TEST_F(AddFilesTest, ChangesNothingWhenCancelled)
-{
+    const std::string dialog = R"(dialog "" must exist 1, multi 1, filter )"
+                               "All HTML Files & URLs(*.htm;*.html;*.mht;*.mhtml;*.txt;*.url)"
+                               R"(|*.htm;*.html;*.mht;*.mhtml;*.txt;*.url, title "", default .htm)";
     window.dialogAnswers = {std::nullopt};
     AddFiles(window, readShortcutUrl, PathStyle::slash());
     EXPECT_EQ(window.list, QString());
     EXPECT_FALSE(log.lines().ends_with("focus list\n"));
+    log.clear();
+    EXPECT_EQ(added(u"C:\\a.htm\0\0\0"_s), u"\r\nC:\\a.htm\r\n"_s);
+    EXPECT_EQ(log.lines(), dialog + "\nlist caret to end\nfocus list\n");
 }
 
 TEST_F(AddFilesTest, PutsTheFolderInFrontOfEachName)

@@ -23,10 +23,7 @@ TEST(EntryList, SplitsAtPairsOfReturnAndFeedOnly)
 
 TEST(EntryList, DropsShortAndCommentLinesAfterTrimmingBlanksOnly)
 {
-    const struct {
-        QString line;
-        QString entry;
-    } rows[] = {
+    const std::pair<QString, QString> rows[] = {
         {u"ab"_s, u"ab"_s},
         {u" a "_s, QString()},
         {u"   "_s, QString()},
@@ -35,6 +32,6 @@ TEST(EntryList, DropsShortAndCommentLinesAfterTrimmingBlanksOnly)
         {u"\t*http://a"_s, u"\t*http://a"_s},
         {u"\u00a0a b\t"_s, u"\u00a0a b\t"_s},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(entryOfLine(row.line), row.entry) << row.line.toStdString();
+    for (const auto& [line, entry] : rows)
+        EXPECT_EQ(entryOfLine(line), entry) << line.toStdString();
 }

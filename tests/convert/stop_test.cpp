@@ -43,7 +43,7 @@ hide percentage
     EXPECT_EQ(written(), QStringList{u"/out/http___a.png"_s});
 }
 
-TEST_F(StopTest, DuringAnEntryThatNeedsNoComponentClosesTheRunAfterIt)
+TEST_F(StopTest, BesideACaptureClosesTheRunUnlessTheEntryStillNeedsTheComponent)
 {
     config.nameAs = 2;
     window.dialogAnswers = {std::nullopt};
@@ -51,6 +51,16 @@ TEST_F(StopTest, DuringAnEntryThatNeedsNoComponentClosesTheRunAfterIt)
     convert({u"http://a"_s, u"http://b"_s});
     EXPECT_FALSE(logged("progress: 2 of 2 URLs"));
     EXPECT_TRUE(logged(completion));
+
+    log.clear();
+    config.nameAs = 0;
+    files.contents[u"/out/http___a.png"_s] = "taken";
+    window.onEvents = [this, turns = 0]() mutable {
+        if (++turns == 2) stop();
+    };
+    convert({u"http://a"_s});
+    EXPECT_FALSE(logged("CapturePage http://a *"));
+    EXPECT_TRUE(staysRunning()) << "stopped while a free name is looked for";
 }
 
 TEST_F(StopTest, DuringACaptureLetsItReturnAndLeavesTheWindowRunning)
@@ -68,17 +78,6 @@ Ordane2 gone
     EXPECT_TRUE(staysRunning());
     EXPECT_TRUE(written().isEmpty());
     EXPECT_EQ(window.notice, stopping);
-}
-
-TEST_F(StopTest, WhileAFreeNameIsLookedForLeavesTheWindowRunning)
-{
-    files.contents[u"/out/http___a.png"_s] = "taken";
-    window.onEvents = [this, turns = 0]() mutable {
-        if (++turns == 2) stop();
-    };
-    convert({u"http://a"_s});
-    EXPECT_FALSE(logged("CapturePage http://a *"));
-    EXPECT_TRUE(staysRunning());
 }
 
 TEST_F(StopTest, PressedTwiceKeepsItsOwnMessageInTheNoticeLineForGood)
