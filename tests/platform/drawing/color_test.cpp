@@ -22,12 +22,4 @@ TEST(Color, onlyTheKnownIndicesAreSystemColours)
     EXPECT_EQ(Color{0x80000019}.toQColor(), QColor(0x19, 0, 0));
 }
 
-TEST(Color, thePaletteComesFromTheSameTable)
-{
-    const QPalette palette = classicPalette();
-    EXPECT_EQ(palette.color(QPalette::Window), Color{0x8000000F}.toQColor());
-    EXPECT_EQ(palette.color(QPalette::Base), Color{0x80000005}.toQColor());
-    EXPECT_EQ(palette.color(QPalette::Disabled, QPalette::Text), Color{0x80000011}.toQColor());
-}
-
 } // namespace vistrel

@@ -23,7 +23,7 @@ TEST(DesignText, everyKindOfValueSurvivesTheRoundTrip)
     EXPECT_EQ(*read, controls);
 }
 
-TEST(DesignText, isWrittenToBeRead)
+TEST(DesignText, isWrittenToBeReadAndToBeEdited)
 {
     ControlDesign button{u"fbStop"_s, u"FButton"_s, {}};
     button.properties.set(u"Caption"_s, u"Stop  "_s);
@@ -33,10 +33,6 @@ TEST(DesignText, isWrittenToBeRead)
                                      u"Caption = \"Stop  \"\n"
                                      u"StyleColor = 0x00B17600\n"
                                      u"Font = Verdana, 9 pt, bold\n"_s);
-}
-
-TEST(DesignText, commentsEmptyLinesAndWindowsLineEndsAreRead)
-{
     const auto read = readDesign(u"; the run\r\n\r\n [fbStop  FButton] \r\n  style=2\r\n"_s);
     ASSERT_TRUE(read.ok());
     ASSERT_EQ(read->size(), 1);
@@ -46,10 +42,7 @@ TEST(DesignText, commentsEmptyLinesAndWindowsLineEndsAreRead)
 TEST(DesignText, malformedLinesAreReportedByNumber)
 {
     const QString head = u"[fbStop FButton]\nstyle = 1\n"_s;
-    const struct {
-        QString text;
-        QString start;
-    } rows[] = {
+    const std::pair<QString, QString> rows[] = {
         {u"style = 1"_s, u"line 1: style belongs to no control"_s},
         {u"\n[fbStop]"_s, u"line 2: a control"_s},
         {head + u"IfDraw"_s, u"line 3: a property"_s},
@@ -65,11 +58,11 @@ TEST(DesignText, malformedLinesAreReportedByNumber)
         {head + u"Picture = @missing.png"_s, u"line 3: the value of Picture"_s},
         {head + u"Caption = bare words"_s, u"line 3: the value of Caption"_s},
     };
-    for (const auto& row : rows) {
-        const auto read = readDesign(row.text);
-        ASSERT_FALSE(read.ok()) << row.text.toStdString();
+    for (const auto& [text, start] : rows) {
+        const auto read = readDesign(text);
+        ASSERT_FALSE(read.ok()) << text.toStdString();
         EXPECT_EQ(read.error().kind, Error::Kind::Format);
-        EXPECT_TRUE(read.error().message.startsWith(row.start)) << read.error().message.toStdString();
+        EXPECT_TRUE(read.error().message.startsWith(start)) << read.error().message.toStdString();
     }
 }
 

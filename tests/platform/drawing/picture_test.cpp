@@ -21,16 +21,6 @@ TEST(Picture, comesFromTheResourcesWithItsDenseVariant)
     EXPECT_TRUE(Picture::fromResource(u"none.png"_s).isNull());
 }
 
-TEST(Picture, theSameSourceIsTheSamePicture)
-{
-    EXPECT_EQ(Picture::fromResource(u"dot.png"_s), Picture::fromResource(u"dot.png"_s));
-    EXPECT_NE(Picture::fromResource(u"dot.png"_s), Picture::fromResource(u"plain.png"_s));
-    const QImage image(2, 2, QImage::Format_RGB32);
-    EXPECT_EQ(Picture(image), Picture(image));
-    EXPECT_NE(Picture(image), Picture(image.copy()));
-    EXPECT_EQ(Picture(), Picture(QImage()));
-}
-
 TEST(Picture, isSavedByName)
 {
     ControlDesign control{u"fbSaveList"_s, u"FButton"_s, {}};

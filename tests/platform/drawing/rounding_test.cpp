@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace vistrel
 {
 
@@ -16,12 +18,10 @@ TEST(Rounding, numbersThatDoNotFitOverflow)
 
 TEST(Rounding, twipsTakeTheNearestPixelAndTiesUpwards)
 {
-    EXPECT_EQ(twipsToPixels(7.49), 0);
-    EXPECT_EQ(twipsToPixels(7.5), 1);
-    EXPECT_EQ(twipsToPixels(22.5), 2);
-    EXPECT_EQ(twipsToPixels(-7.5), 0);
-    EXPECT_EQ(twipsToPixels(-7.51), -1);
-    EXPECT_EQ(twipsToPixels(1500 - 10), 99);
+    const std::pair<double, int> rows[] = {{7.49, 0}, {7.5, 1},    {22.5, 2},
+                                           {-7.5, 0}, {-7.51, -1}, {1490, 99}};
+    for (const auto& [twips, pixels] : rows)
+        EXPECT_EQ(twipsToPixels(twips), pixels) << twips;
 }
 
 } // namespace vistrel

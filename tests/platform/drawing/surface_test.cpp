@@ -1,4 +1,5 @@
 #include "platform/drawing/surface.h"
+#include "tests/support/pixels.h"
 #include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
@@ -41,17 +42,6 @@ Rows picture(const Surface& surface)
         rows.push_back(row);
     }
     return rows;
-}
-
-QRect inkBounds(const Surface& surface)
-{
-    QRect bounds;
-    for (int y = 0; y < surface.image().height(); ++y) {
-        for (int x = 0; x < surface.image().width(); ++x) {
-            if (surface.image().pixelColor(x, y) != Qt::white) bounds |= QRect(x, y, 1, 1);
-        }
-    }
-    return bounds;
 }
 
 } // namespace
@@ -108,14 +98,15 @@ TEST(Surface, textIsMeasuredInWholePixelsAndWrittenTransparently)
     surface.setCurrentX(10 * 15);
     surface.setCurrentY(4 * 15);
     surface.print(u"Hi"_s);
-    const QRect ink = inkBounds(surface);
+    const QRect ink =
+        boundsOf(surface.image(), surface.image().rect(), [](QColor pixel) { return pixel != Qt::white; });
     EXPECT_TRUE(QRect(10, 4, static_cast<int>(width / 15), static_cast<int>(height / 15)).contains(ink));
     EXPECT_GT(ink.height(), 7);
     EXPECT_EQ(surface.CurrentX(), 0);
     EXPECT_EQ(surface.CurrentY(), 4 * 15 + height);
 }
 
-TEST(Surface, picturesTakeTheirPlaceAndSize)
+TEST(Surface, picturesTakeTheirPlaceAndSizeWithHardEdgesAtAWholeMultiple)
 {
     QImage checker(2, 1, QImage::Format_ARGB32);
     checker.setPixelColor(0, 0, Qt::red);
@@ -124,18 +115,9 @@ TEST(Surface, picturesTakeTheirPlaceAndSize)
     surface.drawPicture(Picture(checker), 1, 1, 2, 1);
     surface.drawPicture(Picture(), 0, 0, 4, 2);
     EXPECT_EQ(picture(surface), (Rows{"....", ".#.."}));
-}
-
-TEST(Surface, picturesAtAWholeMultipleKeepHardEdges)
-{
-    QImage halves(2, 1, QImage::Format_RGB32);
-    halves.fill(Qt::white);
-    halves.setPixelColor(1, 0, Qt::black);
-    Surface surface(ScaleMode::Pixels);
-    surface.resize({2, 1}, 3);
-    surface.drawPicture(Picture(halves), 0, 0, 2, 1);
-    for (int x = 0; x < 6; ++x)
-        EXPECT_EQ(surface.image().pixelColor(x, 1), QColor(x < 3 ? Qt::white : Qt::black)) << x;
+    Surface dense = whiteSurface(ScaleMode::Pixels, {2, 1}, 3);
+    dense.drawPicture(Picture(checker), 0, 0, 2, 1);
+    EXPECT_EQ(picture(dense), Rows(3, "###..."));
 }
 
 TEST(Surface, edgesUseTheClassicColours)

@@ -3,6 +3,7 @@
 #include "platform/forms/picture_box.h"
 #include "platform/forms/shape.h"
 #include "platform/forms/timer.h"
+#include "tests/support/pixels.h"
 #include "tests/support/pointer.h"
 #include "tests/support/printers.h"
 
@@ -20,12 +21,7 @@ constexpr Color red = Color::rgb(255, 0, 0);
 
 bool hasInk(const QImage& image, QRect part)
 {
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        for (int x = part.left(); x <= part.right(); ++x) {
-            if (image.pixelColor(x, y) != Qt::white) return true;
-        }
-    }
-    return false;
+    return !boundsOf(image, part, [](QColor pixel) { return pixel != Qt::white; }).isEmpty();
 }
 
 TEST(Label, AlignsItsCaptionOnWhatLiesBehind)
@@ -79,21 +75,7 @@ TEST(PictureBox, ReportsPressesOfEveryButtonAndLeftClicks)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST(Shape, HasABorderOfOnePixel)
-{
-    PropertyBag bag;
-    bag.set(u"BorderColor"_s, red);
-    Shape shape;
-    shape.ReadProperties(bag);
-    shape.setSizeTwips(150, 90);
-    const QImage& image = shape.surface().image();
-    EXPECT_EQ(image.pixelColor(0, 0), QColor(255, 0, 0));
-    EXPECT_EQ(image.pixelColor(9, 5), QColor(255, 0, 0));
-    EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
-    EXPECT_EQ(image.pixelColor(8, 4), QColor(Qt::white));
-}
-
-TEST(Frame, LeavesItsLineOutBehindTheCaption)
+TEST(Frame, LeavesItsLineOutBehindTheCaptionAsAShapeDoesNot)
 {
     PropertyBag bag;
     bag.set(u"BorderColor"_s, red);
@@ -101,12 +83,18 @@ TEST(Frame, LeavesItsLineOutBehindTheCaption)
     Frame frame;
     frame.ReadProperties(bag);
     frame.setSizeTwips(1500, 750);
-    const QImage& image = frame.surface().image();
     const int line = qRound(frame.surface().textHeight(u"M"_s) / 2);
-    EXPECT_EQ(image.pixelColor(2, line), QColor(255, 0, 0));
-    EXPECT_NE(image.pixelColor(8, line), QColor(255, 0, 0));
-    EXPECT_EQ(image.pixelColor(60, line), QColor(255, 0, 0));
-    EXPECT_EQ(image.pixelColor(99, 49), QColor(255, 0, 0));
+    for (const QPoint at : {QPoint(2, line), QPoint(60, line), QPoint(99, 49)})
+        EXPECT_EQ(pixel(frame, at), QColor(255, 0, 0));
+    EXPECT_NE(pixel(frame, {8, line}), QColor(255, 0, 0));
+
+    Shape shape;
+    shape.ReadProperties(bag);
+    shape.setSizeTwips(150, 90);
+    for (const QPoint at : {QPoint(0, 0), QPoint(9, 5)})
+        EXPECT_EQ(pixel(shape, at), QColor(255, 0, 0));
+    for (const QPoint at : {QPoint(1, 1), QPoint(8, 4)})
+        EXPECT_EQ(pixel(shape, at), QColor(Qt::white));
 }
 
 TEST(Timer, TicksWhileItIsOn)
