@@ -20,24 +20,6 @@ TEST(FrmMainDesign, ComesBackUnchangedFromTheControls)
         EXPECT_EQ(bagText(saved[at]), bagText(design[at]));
 }
 
-TEST(FrmMainDesign, DecidesCaptionsColoursAndPlaces)
-{
-    QList<ControlDesign> design = frmMainDesign();
-    for (ControlDesign& control : design) {
-        if (control.name != u"fbClear"_s) continue;
-        control.properties.set(u"Caption"_s, u"Empty"_s);
-        control.properties.set(u"BackColor"_s, Color::rgb(1, 2, 3));
-        control.properties.set(u"Left"_s, 150);
-    }
-    Form form({});
-    ASSERT_TRUE(form.create(design, frmMainControlClasses()));
-
-    const auto& fbClear = form.control<FButton>(u"fbClear"_s);
-    EXPECT_EQ(fbClear.Caption(), u"Empty"_s);
-    EXPECT_EQ(fbClear.x(), 10);
-    EXPECT_EQ(fbClear.surface().image().pixelColor(3, 3), QColor(1, 2, 3));
-}
-
 TEST(FrmMainDesign, KeepsItsOddlyWrittenCaptions)
 {
     const QString design = writeDesign(frmMainDesign());

@@ -102,34 +102,28 @@ TEST_F(ListFilesTest, SavingWritesTheTextAsItStandsInTheCodePage)
     EXPECT_TRUE(messages.shown.isEmpty());
 }
 
-TEST_F(ListFilesTest, AnExistingFileIsReplacedOnlyWhenTheUserSaysSo)
+TEST_F(ListFilesTest, AnExistingFileEvenAnEmptyOneIsReplacedOnlyWhenTheUserSaysSo)
 {
-    files.contents[listFile] = "a longer text than the new one";
     setList(u"new"_s);
-    click(u"fbSaveList"_s);
-    EXPECT_EQ(messages.shown, QStringList(overwriteQuestion));
-    EXPECT_EQ(files.contents.value(listFile), "a longer text than the new one");
-
-    messages.answer = MessageBoxes::Button::Yes;
-    click(u"fbSaveList"_s);
-    EXPECT_EQ(files.contents.value(listFile), "new");
-
-    files.contents[listFile] = "";
-    click(u"fbSaveList"_s);
-    EXPECT_EQ(messages.shown.size(), 3) << "an empty file exists, too";
+    for (const QByteArray& old : {QByteArray("a longer text than the new one"), QByteArray("")}) {
+        files.contents[listFile] = old;
+        messages.answer = MessageBoxes::Button::No;
+        click(u"fbSaveList"_s);
+        EXPECT_EQ(messages.shown.takeLast(), overwriteQuestion);
+        EXPECT_EQ(files.contents.value(listFile), old);
+        messages.answer = MessageBoxes::Button::Yes;
+        click(u"fbSaveList"_s);
+        EXPECT_EQ(files.contents.value(listFile), "new");
+    }
 }
 
-TEST_F(ListFilesTest, ChosenFilesAreAppendedOneLineEach)
+TEST_F(ListFilesTest, ChosenAndDroppedFilesAreAppendedOneLineEachAndLinksAsText)
 {
     setList(u"first"_s);
     dialogs.chosen = u"/pages"_s + QChar::Null + u"a.html"_s + QChar::Null + u"b.htm"_s;
     click(u"fbAddFiles"_s);
     EXPECT_EQ(list(), u"first\r\n/pages/a.html\r\n\r\n/pages/b.htm\r\n"_s);
-    EXPECT_TRUE(listHasFocus());
-}
 
-TEST_F(ListFilesTest, DroppedFilesAreAddedAsChosenOnesWouldBeAndLinksAsText)
-{
     const QString shortcut = folder.write(u"x.URL"_s, "[InternetShortcut]\r\nURL=https://a.example/\r\n");
     setList(u"first"_s);
     QMimeData data;

@@ -78,10 +78,8 @@ TEST_F(WizardTest, RunsOnADesktopWithoutAShell)
 {
     program.hShell32.reset();
     startAgain();
-
-    click(u"fbMake(3)"_s);
-    click(u"fbMake(1)"_s);
-    click(u"fbInternetOptions"_s);
+    for (const QString& name : {u"fbMake(3)"_s, u"fbMake(1)"_s, u"fbInternetOptions"_s})
+        click(name);
     EXPECT_TRUE(widget(u"picMain(1)"_s).isVisible());
 }
 

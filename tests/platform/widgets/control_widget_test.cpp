@@ -26,20 +26,9 @@ public:
     void ReadProperties(const PropertyBag&) override {}
     void WriteProperties(PropertyBag&) const override {}
 
-    AccessibleFacts accessibleFacts() const override
-    {
-        AccessibleFacts facts;
-        facts.role = QAccessible::Slider;
-        facts.state.checked = true;
-        facts.range = AccessibleFacts::Range{0, 10, number};
-        return facts;
-    }
-    void setAccessibleNumber(int set) override { number = set; }
-
     QStringList taken() { return std::exchange(events, {}); }
 
     QStringList events;
-    int number = 3;
     bool swallowsKeys = false;
 
 protected:
@@ -181,19 +170,6 @@ TEST_F(Control, focusEventsComeInOrderAndOnlyWithinTheWindow)
     form.activateWindow();
     QApplication::processEvents();
     EXPECT_TRUE(events.isEmpty()) << testing::PrintToString(events);
-}
-
-TEST_F(Control, assistiveToolsSeeItsFacts)
-{
-    probe.setAccessibleName(u"Quality"_s);
-    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&probe);
-    EXPECT_EQ(seen->role(), QAccessible::Slider);
-    EXPECT_EQ(seen->text(QAccessible::Name), u"Quality"_s);
-    EXPECT_TRUE(seen->state().checked);
-    ASSERT_NE(seen->valueInterface(), nullptr);
-    EXPECT_EQ(seen->valueInterface()->currentValue(), 3);
-    seen->valueInterface()->setCurrentValue(7);
-    EXPECT_EQ(probe.number, 7);
 }
 
 } // namespace vistrel
