@@ -1,4 +1,5 @@
 #include "batch/printable.h"
+#include "batch/progress.h"
 #include "batch/report_file.h"
 #include "batch/run_summary.h"
 
@@ -6,6 +7,8 @@
 #include <QJsonObject>
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +32,25 @@ TEST(Report, ALineIsOneObjectWhateverTheEntryHolds)
     EXPECT_TRUE(object[u"file"].isNull());
     EXPECT_TRUE(object[u"reason"].toString().startsWith(u"bad"_s));
     EXPECT_FALSE(object[u"entry"].toString().contains(u"pass"_s));
+}
+
+TEST(Progress, AnAddressIsShownAsItIsWrittenWhateverItHolds)
+{
+    std::stringstream in;
+    std::stringstream shown;
+    Streams streams{in, shown, shown};
+    Progress progress(streams);
+    Entry entry;
+    entry.line = 7;
+    entry.text = u"http://x.test/%1/%2C%3A%4"_s;
+    Outcome converted;
+    converted.state = EntryState::Converted;
+    converted.file = u"%20%5.png"_s;
+    converted.size = {1280, 800};
+    progress.finished(entry, Outcome::failed(u"it says %1"_s));
+    progress.finished(entry, converted);
+    EXPECT_EQ(shown.str(), "failed http://x.test/%1/%2C%3A%4 (line 7): it says %1\n"
+                           "converted http://x.test/%1/%2C%3A%4 -> %20%5.png (1280 x 800 px, 0.0 s)\n");
 }
 
 TEST(Report, ACellCannotBecomeAFormula)
