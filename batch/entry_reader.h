@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/entry.h"
+#include "platform/result.h"
 
 #include <istream>
 #include <optional>
@@ -18,8 +19,13 @@ public:
     /// No address is longer than this many bytes.
     static constexpr qsizetype kLongestLine = 2 * 1024 * 1024;
 
-    /// input must outlive this object; list names it in the entries.
-    EntryReader(std::istream& input, QString list) : m_input(input), m_list(std::move(list)) {}
+    /// Reads the beginning of input, which must outlive this object; list names it in the entries, "-" is
+    /// standard input.
+    EntryReader(std::istream& input, QString list);
+
+    /// Whether input looks like a list. Error::Kind::Format, which names it and says what to do instead, for
+    /// a page or a sitemap, whose lines are no entries, and for what is no text.
+    [[nodiscard]] Result<void> check() const;
 
     /// The next entry, without its number; nothing at the end.
     [[nodiscard]] std::optional<Entry> next();
@@ -30,11 +36,14 @@ private:
         bool tooLong = false;
     };
     [[nodiscard]] std::optional<Line> readLine();
+    [[nodiscard]] int readByte();
     [[nodiscard]] Entry entryOf(const Line& line) const;
 
     std::istream& m_input;
     QString m_list;
-    qint64 m_line = 0; // The line read last.
+    QByteArray m_beginning;
+    qsizetype m_taken = 0; // Of m_beginning, by readByte().
+    qint64 m_line = 0;     // The line read last.
 };
 
 } // namespace vistrel

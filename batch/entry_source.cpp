@@ -23,13 +23,26 @@ Result<void> checkFile(const QString& path, const QString& what)
     return Error{Error::Kind::Io, u"the %1 %2 cannot be read"_s.arg(what, path), {}};
 }
 
+std::ifstream openFile(const QString& path)
+{
+    return std::ifstream(QFile::encodeName(path).toStdString(), std::ios::binary);
+}
+
+Result<void> checkList(const QString& path)
+{
+    const auto readable = checkFile(path, u"list file"_s);
+    if (!readable || !QFileInfo(path).isFile()) return readable;
+    auto file = openFile(path);
+    return EntryReader(file, path).check();
+}
+
 } // namespace
 
 Result<void> EntrySource::check(const Plan& plan)
 {
     for (const QString& path : plan.lists) {
         if (path == kStandardInput) continue;
-        const auto readable = checkFile(path, u"list file"_s);
+        const auto readable = checkList(path);
         if (!readable) return readable;
     }
     for (const QString& sitemap : plan.sitemaps) {
@@ -84,12 +97,12 @@ Result<void> EntrySource::openList(const QString& path)
     m_reader.reset();
     if (path == kStandardInput) {
         m_reader.emplace(m_input, path);
-        return {};
+        return m_reader->check();
     }
-    m_file = std::ifstream(QFile::encodeName(path).toStdString(), std::ios::binary);
+    m_file = openFile(path);
     if (!m_file) return Error{Error::Kind::Io, u"the list file %1 cannot be read"_s.arg(path), {}};
     m_reader.emplace(m_file, path);
-    return {};
+    return m_reader->check();
 }
 
 } // namespace vistrel

@@ -21,7 +21,8 @@ public:
     /// The next entry; nothing at the end. Fails when a list or a sitemap cannot be read.
     [[nodiscard]] Result<std::optional<Entry>> next();
 
-    /// Error::Kind::Io for the first list, or sitemap that is a file, which cannot be opened.
+    /// Error::Kind::Io for the first list, or sitemap that is a file, which cannot be opened, Format for a
+    /// list file that is none. Lists that can be read only once are left for next().
     [[nodiscard]] static Result<void> check(const Plan& plan);
 
 private:

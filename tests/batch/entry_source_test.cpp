@@ -60,6 +60,28 @@ TEST(EntryReader, ABadLineIsNamedAndTheRestGoesOn)
     EXPECT_TRUE(entries[4].problem.contains(u"NUL"_s));
 }
 
+TEST(EntryReader, WhatIsNoListIsToldFromOne)
+{
+    const QList<std::pair<std::string, QString>> files{{"\n \t<!DocType HTML>\n<p>http://a/", u"HTML"_s},
+                                                       {"\xEF\xBB\xBF<HTML lang=de>", u"HTML"_s},
+                                                       {"<?xml version='1.0'?><urlset/>", u"--sitemap"_s},
+                                                       {"<sitemapindex>", u"--sitemap"_s},
+                                                       {std::string("GIF89a\0\1", 8), u"text"_s},
+                                                       {std::string("\xFF\xFEh\0t\0t\0p\0", 10), u"UTF-8"_s},
+                                                       {"%PDF-1.7\n1 0 obj", u"text"_s},
+                                                       {"* <html>\nhttp://a/?<html>", {}},
+                                                       {"<https://a.example/>", {}},
+                                                       {"", {}}};
+    for (const auto& [bytes, reason] : files) {
+        std::istringstream input(bytes);
+        const auto checked = EntryReader(input, u"x.txt"_s).check();
+        ASSERT_EQ(checked.ok(), reason.isEmpty()) << bytes;
+        if (checked) continue;
+        EXPECT_TRUE(checked.error().message.contains(u"x.txt"_s) && checked.error().message.contains(reason))
+            << checked.error().message.toStdString();
+    }
+}
+
 TEST(EntrySource, NumbersTheEntriesOfAllListsAndThenTheAddresses)
 {
     const QTemporaryDir folder;
@@ -87,6 +109,10 @@ TEST(EntrySource, AListThatCannotBeReadIsAnErrorBeforeTheRun)
     EXPECT_TRUE(checked.error().message.contains(u"/no/such/list.txt"_s));
     plan.lists = {u"/"_s};
     EXPECT_FALSE(EntrySource::check(plan));
+    std::istringstream page("<html>");
+    plan.lists = {u"-"_s};
+    EXPECT_TRUE(EntrySource::check(plan)) << "what can be read once is read once";
+    EXPECT_FALSE(EntrySource(plan, page).next());
 }
 
 } // namespace
