@@ -41,6 +41,11 @@ constexpr int kMostShots = 2;            // Of a page that changes its address w
 
 Error cancelled() { return {Error::Kind::Cancelled, u"the capture was stopped"_s, {}}; }
 
+Error unusable(const QUrl& address)
+{
+    return {Error::Kind::Usage, u"\"%1\" is no usable address"_s.arg(address.toDisplayString()), {}};
+}
+
 } // namespace
 
 std::shared_ptr<PageRun> PageRun::create(std::shared_ptr<Browser> browser, PageRequest request)
@@ -208,6 +213,9 @@ Task<Result<void>> PageRun::navigate(QUrl address)
     if (m_files) m_files->expectPage(*reachable);
     const QJsonObject params{{u"url"_s, QString::fromUtf8(reachable->toEncoded())}};
     const auto reply = co_await m_session->call(u"Page.navigate"_s, params, m_request.timeout);
+    // A browser that lives refuses the order for its address alone: "1.2.3.4.5" is no host for it, say.
+    if (!reply && reply.error().kind == Error::Kind::Protocol && m_session->isOpen())
+        co_return unusable(address);
     if (!reply) co_return reply.error();
     const QString problem = reply->result.value(u"errorText"_s).toString();
     if (reply->result.value(u"isDownload"_s).toBool())

@@ -25,8 +25,9 @@ public:
 
     static std::shared_ptr<PageRun> create(std::shared_ptr<Browser> browser, PageRequest request);
 
-    /// Runs it, once. Errors: Page (cannot be loaded, crashed, gave no document), Timeout, TooLarge,
-    /// Cancelled, Closed (the browser went away), Protocol and Format (the browser misbehaves).
+    /// Runs it, once. Errors: Page (cannot be loaded, crashed, gave no document), Usage (the browser takes an
+    /// address for none), Timeout, TooLarge, Cancelled, Closed (the browser went away), Protocol and Format
+    /// (the browser misbehaves).
     Task<Result<PageShot>> run();
 
     /// Ends the run soon with Error::Kind::Cancelled; after its end it does nothing.

@@ -140,6 +140,9 @@ TEST_F(HostilePages, WhatIsNoPageFailsWithItsReason)
     for (const QString& address :
          {u"http://127.0.0.1:1/"_s, u"http://127.0.0.1:25/"_s, u"http://no.invalid/"_s})
         EXPECT_EQ(failure(capture(address, within(15s))), Error::Kind::Page) << address.toStdString();
+    const auto numbers = capture(u"http://1.2.3.4.5/"_s, within(15s));
+    ASSERT_EQ(failure(numbers), Error::Kind::Usage) << "no fault that passes";
+    EXPECT_TRUE(numbers.error().message.contains(u"http://1.2.3.4.5/"_s));
 }
 
 TEST_F(HostilePages, WhateverTheBrowserShowsIsShownWithItsStatus)
