@@ -117,7 +117,7 @@ Task<> BatchRun::convert(PendingEntry entry)
         m_queue.release(entry);
         co_return;
     }
-    const ConversionTools tools{m_plan, *m_journal, m_names, m_writers};
+    const ConversionTools tools{m_plan, *m_journal, m_names, m_queue, m_writers};
     const auto conversion = EntryConversion::create(tools, entry);
     m_conversions.append(conversion);
     Attempt attempt = co_await conversion->run(*std::move(browser));

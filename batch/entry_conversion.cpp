@@ -116,6 +116,8 @@ Task<Result<PageShot>> EntryConversion::takeShot(std::shared_ptr<Browser> browse
         request.cookies.clear();
     }
     m_run = PageRun::create(std::move(browser), std::move(request));
+    QObject::connect(m_run.get(), &PageRun::visiting, &m_tools.queue,
+                     [this] { m_tools.queue.visit(m_entry); });
     co_return co_await m_run->run();
 }
 

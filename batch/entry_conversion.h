@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/entry_queue.h"
 #include "batch/output_names.h"
 #include "capture/browser/browser.h"
 #include "capture/page/page_run.h"
@@ -29,6 +30,7 @@ struct ConversionTools {
     const Plan& plan;
     Journal& journal;
     OutputNames& names;
+    EntryQueue& queue; ///< Told when the page is visited.
     QThreadPool& writers;
 };
 

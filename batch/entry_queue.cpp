@@ -104,6 +104,8 @@ void EntryQueue::wakeAll()
         waiter.settle({});
 }
 
+void EntryQueue::visit(const PendingEntry& entry) { m_limits.visit(hostOf(entry.entry.target), now()); }
+
 void EntryQueue::release(const PendingEntry& entry)
 {
     --m_running;

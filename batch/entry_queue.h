@@ -29,6 +29,8 @@ public:
     /// all is done, or after stop(). Error::Kind::Io when the journal cannot be read.
     Task<Taken> take();
 
+    /// The server of the entry that take() gave is asked for its page now.
+    void visit(const PendingEntry& entry);
     /// The entry that take() gave is dealt with.
     void release(const PendingEntry& entry);
     /// It is to be given out again after pause.

@@ -14,7 +14,8 @@ std::optional<HostLimits::Time> HostLimits::freeAt(const QString& host, Time now
     const auto known = m_hosts.constFind(host);
     if (host.isEmpty() || known == m_hosts.constEnd()) return now;
     if (m_mostPages > 0 && known->pages >= m_mostPages) return std::nullopt;
-    return std::max(now, known->lastStart + m_delay);
+    if (m_delay.count() > 0 && known->visitComes) return std::nullopt;
+    return std::max(now, known->lastVisit + m_delay);
 }
 
 void HostLimits::start(const QString& host, Time now)
@@ -22,21 +23,30 @@ void HostLimits::start(const QString& host, Time now)
     if (!areOn() || host.isEmpty()) return;
     Host& known = m_hosts[host];
     ++known.pages;
-    known.lastStart = now;
+    known.lastVisit = now;
+    known.visitComes = true;
+}
+
+void HostLimits::visit(const QString& host, Time now)
+{
+    const auto known = m_hosts.find(host);
+    if (known == m_hosts.end()) return;
+    known->lastVisit = now;
+    known->visitComes = false;
 }
 
 void HostLimits::end(const QString& host, Time now)
 {
     const auto known = m_hosts.find(host);
     if (known == m_hosts.end()) return;
-    --known->pages;
+    if (--known->pages == 0) known->visitComes = false;
     forgetIdle(now);
 }
 
 void HostLimits::forgetIdle(Time now)
 {
     m_hosts.removeIf([&](const QHash<QString, Host>::iterator& host) {
-        return host->pages == 0 && host->lastStart + m_delay <= now;
+        return host->pages == 0 && host->lastVisit + m_delay <= now;
     });
 }
 

@@ -32,7 +32,7 @@ struct Plan {
     BrowserOptions browser;
     int jobs = 0;                              ///< Pages at a time; 0: by this machine's cores and memory.
     int perHost = 0;                           ///< Pages of one host at a time; 0: any number.
-    std::chrono::milliseconds perHostDelay{0}; ///< Between the starts of two pages of one host.
+    std::chrono::milliseconds perHostDelay{0}; ///< Between the visits to two pages of one host.
     int retries = 0;                           ///< Further attempts after a fault that can pass.
     bool resume = false;      ///< Go on with the run that the output folder's journal tells of.
     bool retryFailed = false; ///< The same, its failed entries included.

@@ -212,6 +212,7 @@ Task<Result<void>> PageRun::navigate(QUrl address)
     if (!reachable) co_return reachable.error();
     if (m_files) m_files->expectPage(*reachable);
     const QJsonObject params{{u"url"_s, QString::fromUtf8(reachable->toEncoded())}};
+    Q_EMIT visiting();
     const auto reply = co_await m_session->call(u"Page.navigate"_s, params, m_request.timeout);
     // A browser that lives refuses the order for its address alone: "1.2.3.4.5" is no host for it, say.
     if (!reply && reply.error().kind == Error::Kind::Protocol && m_session->isOpen())

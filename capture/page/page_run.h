@@ -39,6 +39,8 @@ public:
 Q_SIGNALS:
     /// 0 to 100, rising.
     void progress(int percent);
+    /// The page is about to be asked for; once for each address that is tried.
+    void visiting();
 
 private:
     PageRun(std::shared_ptr<Browser> browser, PageRequest request);

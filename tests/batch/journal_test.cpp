@@ -141,18 +141,22 @@ TEST_F(JournalTest, ABusyHostIsOvertakenAndWhatWasPutBackComesAgain)
     EXPECT_EQ((*test::await(queue.take()))->entry.target, u"http://a/1"_s);
 }
 
-TEST(HostLimits, StartsOfOneHostAreApart)
+TEST(HostLimits, VisitsOfOneHostAreApart)
 {
     using Time = HostLimits::Time;
     HostLimits limits(2, Time(1000));
-    limits.start(u"a"_s, Time(5000));
+    limits.start(u"a"_s, Time(3000));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(4500)), std::nullopt) << "its visit has yet to come";
+    limits.visit(u"a"_s, Time(5000));
     EXPECT_EQ(limits.freeAt(u"a"_s, Time(5100)), Time(6000));
     EXPECT_EQ(limits.freeAt(u"b"_s, Time(5100)), Time(5100));
     EXPECT_EQ(limits.freeAt({}, Time(5100)), Time(5100));
     limits.start(u"a"_s, Time(6000));
     EXPECT_EQ(limits.freeAt(u"a"_s, Time(9000)), std::nullopt);
-    limits.end(u"a"_s, Time(9000));
-    EXPECT_EQ(limits.freeAt(u"a"_s, Time(9000)), Time(9000));
+    limits.end(u"a"_s, Time(6100));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(6100)), std::nullopt);
+    limits.end(u"a"_s, Time(6100));
+    EXPECT_EQ(limits.freeAt(u"a"_s, Time(6100)), Time(7000)) << "it ended without a visit";
     EXPECT_EQ(hostOf(u"/a/b.html"_s), QString());
     EXPECT_EQ(hostOf(u"example.org/x"_s), u"example.org"_s);
 }
