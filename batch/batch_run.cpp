@@ -6,6 +6,7 @@
 #include "platform/whole_file.h"
 
 #include <QCoroFuture>
+#include <QFileInfo>
 #include <QtConcurrentRun>
 
 #include <algorithm>
@@ -192,7 +193,8 @@ ExitCode BatchRun::tell()
     for (const Result<void>& step : {told, reported, shown}) {
         if (!step) m_progress.message(u"vistrel-batch: "_s + step.error().text());
     }
-    for (const QString& line : summary.lines(m_progress.elapsedMilliseconds()))
+    const bool resumable = QFileInfo::exists(Journal::pathIn(m_plan.outputFolder));
+    for (const QString& line : summary.lines(m_progress.elapsedMilliseconds(), resumable))
         m_progress.message(line);
     if (m_stopped) return *m_stopped;
     return allConverted ? ExitCode::Converted : ExitCode::SomeFailed;

@@ -44,10 +44,13 @@ void RunSummary::count(QHash<QString, Group>& groups, const QString& reason, con
     if (group.count++ == 0) group.example = entry.text;
 }
 
-QStringList RunSummary::lines(qint64 elapsedMilliseconds) const
+QStringList RunSummary::lines(qint64 elapsedMilliseconds, bool resumable) const
 {
     QString totals = u"%1 converted, %2 failed"_s.arg(m_tally.converted).arg(m_tally.failed);
-    if (m_tally.pending > 0) totals += u", %1 skipped (--resume goes on with them)"_s.arg(m_tally.pending);
+    if (m_tally.pending > 0)
+        totals += u", %1 skipped (%2)"_s.arg(QString::number(m_tally.pending),
+                                             resumable ? u"--resume goes on with them"_s
+                                                       : u"the journal is gone: start the run anew"_s);
     totals += u" in %1 s"_s.arg(double(elapsedMilliseconds) / 1000, 0, 'f', 1);
     return QStringList{totals} + describe(m_failures, u"failed"_s) + describe(m_notes, u"converted, but"_s);
 }

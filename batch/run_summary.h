@@ -15,8 +15,8 @@ class RunSummary
 public:
     void add(const Entry& entry, const Outcome& outcome);
 
-    /// The lines, without line breaks.
-    [[nodiscard]] QStringList lines(qint64 elapsedMilliseconds) const;
+    /// The lines, without line breaks. resumable: whether the journal is still there, to go on with.
+    [[nodiscard]] QStringList lines(qint64 elapsedMilliseconds, bool resumable) const;
 
 private:
     struct Group {

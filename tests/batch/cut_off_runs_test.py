@@ -164,6 +164,8 @@ class Folders(CutOffTest):
         said, _ = process.communicate(timeout=20)
         self.assertEqual(process.returncode, SOME_FAILED, said)
         self.assertIn('.png cannot be written: No such file or directory', said)
+        self.assertIn('start the run anew', said)
+        self.assertNotIn('--resume', said)
         self.assert_nothing_left()
 
 
