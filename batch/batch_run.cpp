@@ -57,8 +57,8 @@ Task<ExitCode> BatchRun::run()
     auto ready = prepareFiles();
     if (ready) ready = co_await fill();
     if (!ready) {
-        if (!m_stopped) m_progress.message(u"vistrel-batch: "_s + ready.error().text());
-        co_return m_stopped.value_or(ExitCode::Usage);
+        m_progress.message(u"vistrel-batch: "_s + ready.error().text());
+        co_return ExitCode::Usage;
     }
     co_await convertAll();
     m_browsers.stop();
@@ -79,12 +79,13 @@ Task<Result<void>> BatchRun::fill()
 {
     const auto filling = QtConcurrent::run(&m_writers, [this]() -> Result<void> {
         if (m_plan.resume) return m_journal->putBack(m_plan.retryFailed);
-        return fillJournal(*m_journal, m_plan, m_names, m_input, m_stopFilling);
+        return fillJournal(*m_journal, m_plan, m_names, m_input);
     });
     const Result<void> filled = co_await filling;
     if (!filled) co_return filled.error();
     const auto tally = m_journal->tally();
     if (!tally) co_return tally.error();
+    m_hasEntries = true;
     m_progress.start(*tally);
     co_return Result<void>();
 }
@@ -169,7 +170,9 @@ void BatchRun::stop(ExitCode exitCode)
 {
     if (m_stopped) return;
     m_stopped = exitCode;
-    m_stopFilling = true;
+    if (!m_hasEntries)
+        m_progress.message(
+            u"vistrel-batch: ended while the entries were being read; nothing was converted"_s);
     m_queue.stop(); // First: what ends now must not let another entry start.
     const auto conversions = m_conversions;
     for (const auto& conversion : conversions)

@@ -8,8 +8,6 @@
 #include "batch/progress.h"
 #include "batch/report_file.h"
 
-#include <atomic>
-
 namespace vistrel
 {
 
@@ -28,8 +26,12 @@ public:
     Task<ExitCode> run();
 
     /// Ends the run soon: no entry is started any more, those under way are given up and stay for a resumed
-    /// run, and run() ends with exitCode. A first call decides.
+    /// run, and run() ends with exitCode. A first call decides. While the entries are still being read, it
+    /// only says that nothing was converted: what they are read from may never answer.
     void stop(ExitCode exitCode);
+
+    /// Whether the entries have been read, so that pages may be under way.
+    [[nodiscard]] bool hasEntries() const { return m_hasEntries; }
 
 private:
     [[nodiscard]] Result<void> prepareFiles();
@@ -54,7 +56,7 @@ private:
     ContactSheet m_sheet;
     QList<std::shared_ptr<EntryConversion>> m_conversions; // Those under way.
     std::optional<ExitCode> m_stopped;
-    std::atomic<bool> m_stopFilling = false;
+    bool m_hasEntries = false;
 };
 
 /// Pages at a time that suit this machine.

@@ -29,14 +29,12 @@ void findTarget(Entry& entry)
 
 } // namespace
 
-Result<void> fillJournal(Journal& journal, const Plan& plan, OutputNames& names, std::istream& input,
-                         const std::atomic<bool>& stop)
+Result<void> fillJournal(Journal& journal, const Plan& plan, OutputNames& names, std::istream& input)
 {
     EntrySource source(plan, input);
     const bool nameLater = names.dependOnPage();
     auto done = journal.beginFilling();
     while (done) {
-        if (stop) return Error{Error::Kind::Cancelled, u"the run was ended"_s, {}};
         auto next = source.next();
         if (!next) return next.error();
         if (!*next) return journal.endFilling();

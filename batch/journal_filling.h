@@ -2,7 +2,6 @@
 
 #include "batch/output_names.h"
 
-#include <atomic>
 #include <istream>
 
 namespace vistrel
@@ -10,8 +9,7 @@ namespace vistrel
 
 /// Reads all entries of plan's lists (input is the one called "-"), gives them their names and puts them into
 /// journal, in one transaction and in constant memory. Internet shortcuts give their address. Blocks; any
-/// thread. Errors: Io; Cancelled once stop is set.
-Result<void> fillJournal(Journal& journal, const Plan& plan, OutputNames& names, std::istream& input,
-                         const std::atomic<bool>& stop);
+/// thread. Errors: those of the lists, the sitemaps and the journal.
+Result<void> fillJournal(Journal& journal, const Plan& plan, OutputNames& names, std::istream& input);
 
 } // namespace vistrel

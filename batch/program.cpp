@@ -62,11 +62,12 @@ private:
     {
         if (m_interrupted) leave(exitCode);
         m_interrupted = true;
-        QTimer::singleShot(kStopLimit, &m_signals, [this, exitCode] { leave(exitCode); });
         m_run.stop(exitCode);
+        if (!m_run.hasEntries()) leave(exitCode);
+        QTimer::singleShot(kStopLimit, &m_signals, [this, exitCode] { leave(exitCode); });
     }
 
-    /// Leaves the threads that still encode to their fate, but nothing of theirs behind.
+    /// Leaves the threads that still read or encode to their fate, but nothing of theirs behind.
     [[noreturn]] void leave(ExitCode exitCode)
     {
         sweepTemporaryFiles(m_outputFolder);

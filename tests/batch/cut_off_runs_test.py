@@ -69,6 +69,21 @@ class InterruptedRuns(CutOffTest):
             self.assert_nothing_left()
             shutil.rmtree(self.out)
 
+    def test_a_run_that_waits_for_its_entries_ends_at_once(self):
+        self.server.routes['/sitemap.xml'] = lambda exchange: time.sleep(5)
+        for arguments in ['--sitemap', self.server.url('/sitemap.xml')], ['-']:
+            ours, theirs = os.pipe()
+            process = self.start(*arguments, stdin=ours)
+            self.assertTrue(wait_until((self.out / JOURNAL).exists))
+            time.sleep(0.3)
+            process.send_signal(signal.SIGINT)
+            said, _ = process.communicate(timeout=2)
+            self.assertEqual(process.returncode, 130, said)
+            self.assertIn('nothing was converted', said)
+            for end in ours, theirs:
+                os.close(end)
+            shutil.rmtree(self.out)
+
     def test_a_browser_that_cannot_be_started_ends_the_run(self):
         code, said = self.run_batch('--browser', '/no/such/browser', self.write_list(self.addresses(1)))
         self.assertEqual(code, NO_BROWSER)
