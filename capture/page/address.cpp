@@ -38,7 +38,7 @@ Result<QList<QUrl>> localFile(const QString& entry, const QString& path)
 {
     const QFileInfo file(path);
     if (!file.exists()) return unusable(entry, u"does not exist"_s);
-    if (!file.isFile()) return unusable(entry, u"is no file"_s);
+    if (!file.isFile()) return unusable(entry, u"is a folder or a device, not a page"_s);
     return QList{QUrl::fromLocalFile(file.absoluteFilePath())};
 }
 
@@ -50,9 +50,17 @@ Result<QList<QUrl>> withScheme(const QString& entry, const QString& scheme)
             return unusable(entry, u"is a file of another host"_s);
         return localFile(entry, url.path());
     }
-    if (scheme != u"http" && scheme != u"https") return unusable(entry, u"has a scheme that is no page's"_s);
+    if (scheme != u"http" && scheme != u"https")
+        return unusable(entry, u"is no page: only http, https and file addresses are"_s);
     if (!url.isValid() || url.host().isEmpty()) return unusable(entry, u"is no usable address"_s);
     return QList{url};
+}
+
+/// A host's name may end in anything, but none ends as pages' names do.
+bool isPageName(const QString& host)
+{
+    static const QRegularExpression pattern(u"\\.(x?html?|mhtml?)$"_s);
+    return pattern.match(host).hasMatch();
 }
 
 bool isIpAddress(const QString& host)
@@ -69,7 +77,8 @@ Result<QList<QUrl>> asTyped(const QString& entry)
     if (!plain.isValid() || host.isEmpty() || entry.contains(u' '))
         return unusable(entry, u"is no usable address"_s);
     if (here || isIpAddress(host) || plain.port() >= 0) return QList{plain};
-    if (!host.contains(u'.')) return unusable(entry, u"is neither a file nor an address"_s);
+    if (!host.contains(u'.') || isPageName(host))
+        return unusable(entry, u"is neither a file nor an address"_s);
     return QList{QUrl(u"https://"_s + entry), plain};
 }
 

@@ -59,8 +59,8 @@ TEST(Address, WhatIsNoPageIsRefused)
     for (const QString& entry :
          {u""_s, u"   "_s, u"javascript:alert(1)"_s, u" JavaScript:alert(1)"_s, u"chrome://crash"_s,
           u"about:blank"_s, u"view-source:http://x.org"_s, u"blob:http://x.org/1"_s, u"data:text/html,x"_s,
-          u"devtools://x"_s, u"ftp://x.org/"_s, u"hello world"_s, u"word"_s, u"http://"_s, u"http:///path"_s,
-          u"http://a b/"_s, u"http://x.org/\nsecond"_s, u"/no/such/file.html"_s})
+          u"devtools://x"_s, u"ftp://x.org/"_s, u"hello world"_s, u"word"_s, u"mistyped.html"_s, u"http://"_s,
+          u"http:///path"_s, u"http://a b/"_s, u"http://x.org/\nsecond"_s, u"/no/such/file.html"_s})
         EXPECT_EQ(texts(entry), QStringList{u"refused"_s}) << entry.toStdString();
 }
 
