@@ -13,12 +13,19 @@ namespace vistrel
 namespace
 {
 
+/// Where the user finds entry; empty for the command line.
+QString placeOf(const Entry& entry)
+{
+    if (entry.list.isEmpty()) return {};
+    return u" (line %1 of %2)"_s.arg(QString::number(entry.line), printable(entry.list));
+}
+
 QString resultLine(const Entry& entry, const Outcome& outcome)
 {
     const QString text = printable(entry.text);
     const QString seconds = QString::number(double(outcome.milliseconds) / 1000, 'f', 1);
     if (outcome.state != EntryState::Converted)
-        return u"failed %1 (line %2): %3"_s.arg(text, QString::number(entry.line), printable(outcome.reason));
+        return u"failed %1%2: %3"_s.arg(text, placeOf(entry), printable(outcome.reason));
     const QString note = outcome.note.isEmpty() ? QString() : u", "_s + outcome.note;
     return u"converted %1 -> %2 (%3 x %4 px, %5 s%6)"_s.arg(
         text, printable(outcome.file), QString::number(outcome.size.width()),

@@ -42,6 +42,7 @@ TEST(Progress, AnAddressIsShownAsItIsWrittenWhateverItHolds)
     Progress progress(streams);
     Entry entry;
     entry.line = 7;
+    entry.list = u"%6.txt"_s;
     entry.text = u"http://x.test/%1/%2C%3A%4"_s;
     Outcome converted;
     converted.state = EntryState::Converted;
@@ -49,7 +50,7 @@ TEST(Progress, AnAddressIsShownAsItIsWrittenWhateverItHolds)
     converted.size = {1280, 800};
     progress.finished(entry, Outcome::failed(u"it says %1"_s));
     progress.finished(entry, converted);
-    EXPECT_EQ(shown.str(), "failed http://x.test/%1/%2C%3A%4 (line 7): it says %1\n"
+    EXPECT_EQ(shown.str(), "failed http://x.test/%1/%2C%3A%4 (line 7 of %6.txt): it says %1\n"
                            "converted http://x.test/%1/%2C%3A%4 -> %20%5.png (1280 x 800 px, 0.0 s)\n");
 }
 
