@@ -1,5 +1,6 @@
 #include "batch/entry_conversion.h"
 
+#include "batch/load_faults.h"
 #include "batch/picture_writing.h"
 #include "batch/sitemap_source.h"
 #include "capture/page/address.h"
@@ -9,9 +10,6 @@
 #include <QElapsedTimer>
 #include <QtConcurrentRun>
 
-#include <algorithm>
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -20,29 +18,10 @@ namespace vistrel
 namespace
 {
 
-/// The browser's codes for faults of the network and of servers that are gone the next minute.
 bool isPassing(const Error& error)
 {
-    static const std::array codes{u"ERR_CONNECTION_"_s,
-                                  u"ERR_TIMED_OUT"_s,
-                                  u"ERR_EMPTY_RESPONSE"_s,
-                                  u"ERR_CONTENT_LENGTH_MISMATCH"_s,
-                                  u"ERR_INCOMPLETE_CHUNKED_ENCODING"_s,
-                                  u"ERR_NETWORK_CHANGED"_s,
-                                  u"ERR_ADDRESS_UNREACHABLE"_s,
-                                  u"ERR_INTERNET_DISCONNECTED"_s,
-                                  u"ERR_NAME_RESOLUTION_FAILED"_s,
-                                  u"ERR_PROXY_CONNECTION_FAILED"_s,
-                                  u"ERR_HTTP2_"_s,
-                                  u"ERR_QUIC_"_s};
-    switch (error.kind) {
-    case Error::Kind::Timeout:
-    case Error::Kind::Protocol: return true;
-    case Error::Kind::Page:
-        return std::any_of(codes.begin(), codes.end(),
-                           [&](const QString& code) { return error.message.contains(code); });
-    default: return false;
-    }
+    if (error.kind == Error::Kind::Page) return isPassingFault(error.message);
+    return error.kind == Error::Kind::Timeout || error.kind == Error::Kind::Protocol;
 }
 
 bool isPassing(int httpStatus)
@@ -94,7 +73,7 @@ Task<Attempt> EntryConversion::run(std::shared_ptr<Browser> browser)
 
 Attempt EntryConversion::failure(const Error& error, bool browserLost) const
 {
-    Attempt attempt{Outcome::failed(error.text())};
+    Attempt attempt{Outcome::failed(inWords(error.text()))};
     if (m_cancelled || error.kind == Error::Kind::Cancelled)
         attempt.trouble = Trouble::Cancelled;
     else if (error.kind == Error::Kind::Closed && browserLost)

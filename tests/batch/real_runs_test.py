@@ -104,7 +104,8 @@ class BarredWays(BatchTest):
         secure = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         secure.load_cert_chain(CERTIFICATE)
         self.server.socket = secure.wrap_socket(self.server.socket, server_side=True)
-        self.assertIn('ERR_CERT_AUTHORITY_INVALID', self.failed(f'https://localhost:{self.server.server_port}/page'))
+        said = self.failed(f'https://localhost:{self.server.server_port}/page')
+        self.assertRegex(said, 'not valid; --insecure .*ERR_CERT_AUTHORITY_INVALID')
 
     def test_a_proxy_that_is_down_or_wants_a_password(self):
         self.assertIn('ERR_PROXY_CONNECTION_FAILED', self.failed('http://x.test/', http_proxy='http://127.0.0.1:1'))
@@ -137,7 +138,7 @@ class Terminal(BatchTest):
         self.assertEqual(sorted({int(line.split()[0]) for line in progress}), list(range(7)))
         self.assertLess(max(map(len, progress)), self.COLUMNS)
         printed = [line.rpartition(self.CLEAR)[2] for line in shown.split('\r\n')]
-        self.assertRegex(printed[0], r'^failed /no/such.html \(line 6\)')
+        self.assertRegex(printed[0], r'^failed /no/such.html \(line 6 of .*list.txt\): ')
         self.assertRegex(printed[1], r'^5 converted, 1 failed in ')
 
     def run_on_terminal(self, *arguments):
