@@ -1,10 +1,11 @@
 #include "batch/picture_writing.h"
 
+#include "batch/file_hash.h"
 #include "capture/image/blank_check.h"
 #include "platform/whole_file.h"
 
-#include <QCryptographicHash>
-#include <QFile>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -14,49 +15,66 @@ namespace vistrel
 namespace
 {
 
-struct EncodedFiles {
-    QList<QByteArray> images; // One for each format.
-    QByteArray thumbnail;
-};
+/// The files of an entry, complete but for their names: one for each format, then the thumbnail if there is
+/// one.
+using NamelessFiles = std::vector<std::unique_ptr<WholeFile>>;
 
-Result<EncodedFiles> encode(const WritingJob& job)
+Attempt unwritable(const QString& message) { return {Outcome::failed(message), Trouble::Unwritable}; }
+
+Attempt failure(const WriteProblem& problem)
 {
-    const Plan& plan = job.tools.plan;
-    EncodedFiles encoded;
-    for (const ImageFormat format : plan.formats) {
-        auto image = encodeImage(job.shot.picture, format, plan.jpegQuality);
-        if (!image) return image.error();
-        encoded.images.append(*std::move(image));
-    }
-    if (!plan.thumbnail) return encoded;
-    auto thumbnail =
-        encodeThumbnail(job.shot.picture, plan.formats.first(), plan.jpegQuality, *plan.thumbnail);
-    if (!thumbnail) return thumbnail.error();
-    encoded.thumbnail = *std::move(thumbnail);
-    return encoded;
+    if (problem.cause != WriteProblem::Cause::Other) return unwritable(problem.message);
+    return {Outcome::failed(problem.message), Trouble::None};
 }
 
-/// Writes files until one cannot be written; takes back those of this call then.
-std::optional<WriteProblem> writeAll(const OutputFiles& files, const EncodedFiles& encoded, IfExists ifExists)
+/// Adds a file with what encode, which is given a device, writes there; nothing when that went well.
+template<typename Encode>
+std::optional<Attempt> add(NamelessFiles& files, const QString& folder, Encode encode)
 {
-    QList<std::pair<QString, QByteArray>> pending;
-    for (qsizetype i = 0; i < files.images.size(); ++i)
-        pending.append({files.images[i], encoded.images[i]});
-    if (!files.thumbnail.isEmpty()) pending.append({files.thumbnail, encoded.thumbnail});
-    for (qsizetype i = 0; i < pending.size(); ++i) {
-        auto problem = writeWholeFile(pending[i].first, pending[i].second, ifExists);
+    WholeFile& file = *files.emplace_back(std::make_unique<WholeFile>(folder));
+    const Result<void> encoded = file.isOpen() ? encode(file) : Result<void>();
+    if (const auto problem = file.problem()) return failure(*problem);
+    if (!encoded) return Attempt{Outcome::failed(encoded.error().text()), Trouble::None};
+    return std::nullopt;
+}
+
+std::variant<NamelessFiles, Attempt> makeFiles(const WritingJob& job)
+{
+    const Plan& plan = job.tools.plan;
+    NamelessFiles files;
+    std::optional<Attempt> failed;
+    for (qsizetype i = 0; i < plan.formats.size() && !failed; ++i) {
+        failed = add(files, plan.outputFolder, [&](QIODevice& device) {
+            return encodeImage(job.shot.picture, plan.formats[i], plan.jpegQuality, device);
+        });
+    }
+    if (plan.thumbnail && !failed) {
+        failed = add(files, plan.outputFolder, [&](QIODevice& device) {
+            return encodeThumbnail(job.shot.picture, plan.formats.first(), plan.jpegQuality, *plan.thumbnail,
+                                   device);
+        });
+    }
+    if (failed) return *failed;
+    return files;
+}
+
+/// Gives files their names until one cannot have it; takes back those of this call then.
+std::optional<WriteProblem> nameAll(const NamelessFiles& files, const OutputFiles& names, IfExists ifExists)
+{
+    QStringList paths = names.images;
+    if (!names.thumbnail.isEmpty()) paths.append(names.thumbnail);
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        auto problem = files[size_t(i)]->moveTo(paths[i], ifExists);
         if (!problem) continue;
-        for (qsizetype written = 0; written < i; ++written)
-            QFile::remove(pending[written].first);
+        for (qsizetype named = 0; named < i; ++named)
+            files[size_t(named)]->takeBack();
         return problem;
     }
     return std::nullopt;
 }
 
-Attempt unwritable(const QString& message) { return {Outcome::failed(message), Trouble::Unwritable}; }
-
-/// Writes under the entry's name, or under another one when something came to be there meanwhile.
-std::variant<OutputFiles, Attempt> writeUnderFreeName(WritingJob& job, const EncodedFiles& encoded)
+/// Gives them the entry's name, or another one when something came to be there meanwhile.
+std::variant<OutputFiles, Attempt> nameFreely(WritingJob& job, const NamelessFiles& files)
 {
     const bool replace = job.tools.plan.overwrite || job.entry.begun;
     for (;;) {
@@ -68,12 +86,10 @@ std::variant<OutputFiles, Attempt> writeUnderFreeName(WritingJob& job, const Enc
         }
         const auto begun = job.tools.journal.begin(job.entry.entry.number, job.entry.name);
         if (!begun) return unwritable(begun.error().during(u"writing the journal"_s).text());
-        OutputFiles files = job.tools.names.filesOf(job.entry.name);
-        const auto problem = writeAll(files, encoded, replace ? IfExists::Replace : IfExists::Refuse);
-        if (!problem) return files;
-        if (problem->cause == WriteProblem::Cause::Other)
-            return Attempt{Outcome::failed(problem->message), Trouble::None};
-        if (problem->cause != WriteProblem::Cause::Exists) return unwritable(problem->message);
+        OutputFiles names = job.tools.names.filesOf(job.entry.name);
+        const auto problem = nameAll(files, names, replace ? IfExists::Replace : IfExists::Refuse);
+        if (!problem) return names;
+        if (problem->cause != WriteProblem::Cause::Exists) return failure(*problem);
         job.entry.name.clear();
     }
 }
@@ -86,15 +102,15 @@ QString noteOn(const PageShot& shot)
     return notes.join(u"; "_s);
 }
 
-Outcome success(const WritingJob& job, const OutputFiles& files, const QByteArray& image)
+Outcome success(const WritingJob& job, const OutputFiles& names, WholeFile& image)
 {
     Outcome outcome;
     outcome.state = EntryState::Converted;
-    outcome.file = files.images.first();
-    outcome.thumbnail = files.thumbnail;
+    outcome.file = names.images.first();
+    outcome.thumbnail = names.thumbnail;
     outcome.size = job.shot.picture.size();
     outcome.bytes = image.size();
-    outcome.hash = QString::fromLatin1(QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex());
+    outcome.hash = fileHash(image);
     outcome.address = job.shot.finalAddress.toString(QUrl::RemoveUserInfo);
     outcome.httpStatus = job.shot.httpStatus;
     outcome.note = noteOn(job.shot);
@@ -108,11 +124,12 @@ Outcome success(const WritingJob& job, const OutputFiles& files, const QByteArra
 
 Attempt writePictures(WritingJob job)
 {
-    const auto encoded = encode(job);
-    if (!encoded) return {Outcome::failed(encoded.error().text()), Trouble::None};
-    const auto written = writeUnderFreeName(job, *encoded);
-    if (const auto* attempt = std::get_if<Attempt>(&written)) return *attempt;
-    Outcome outcome = success(job, std::get<OutputFiles>(written), encoded->images.first());
+    const auto made = makeFiles(job);
+    if (const auto* attempt = std::get_if<Attempt>(&made)) return *attempt;
+    const auto& files = std::get<NamelessFiles>(made);
+    const auto named = nameFreely(job, files);
+    if (const auto* attempt = std::get_if<Attempt>(&named)) return *attempt;
+    Outcome outcome = success(job, std::get<OutputFiles>(named), *files.front());
     const auto noted = job.tools.journal.finish(job.entry.entry.number, outcome);
     if (!noted) return unwritable(noted.error().during(u"writing the journal"_s).text());
     return {std::move(outcome), Trouble::None};

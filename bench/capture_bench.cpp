@@ -127,16 +127,16 @@ private:
         const PageShot shot = take(format, page, figures);
         QElapsedTimer clock;
         clock.start();
-        const auto image = encodeImage(shot.picture, format.format, kQuality);
-        if (!image) qFatal("%s", qPrintable(image.error().text()));
+        WholeFile file(m_folder.path());
+        const auto encoded = encodeImage(shot.picture, format.format, kQuality, file);
+        if (!encoded) qFatal("%s", qPrintable(encoded.error().text()));
         figures.encode = clock.restart();
-        const auto problem =
-            writeWholeFile(m_folder.filePath(u"image."_s + format.name), *image, IfExists::Replace);
+        const auto problem = file.moveTo(m_folder.filePath(u"image."_s + format.name), IfExists::Replace);
         if (problem) qFatal("%s", qPrintable(problem->message));
         figures.write = clock.elapsed();
         figures.ownPeak = ownPeakBytes();
         figures.browserPeak = browserMemory.peakBytes();
-        figures.file = image->size();
+        figures.file = file.size();
         return figures;
     }
 

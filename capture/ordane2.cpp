@@ -6,6 +6,7 @@
 #include "platform/log.h"
 #include "platform/runtime_error.h"
 
+#include <QBuffer>
 #include <QEventLoop>
 
 using namespace Qt::StringLiterals;
@@ -26,9 +27,14 @@ ImageFormat formatOf(const QString& pattern)
     return *format;
 }
 
-QByteArray bytesOrThrow(Result<QByteArray> encoded)
+/// What encode, which is given a device, writes there.
+template<typename Encode>
+QByteArray bytesOrThrow(Encode encode)
 {
-    if (encoded) return *std::move(encoded);
+    QBuffer buffer;
+    buffer.open(QBuffer::ReadWrite);
+    const Result<void> encoded = encode(buffer);
+    if (encoded) return buffer.data();
     qCWarning(logPage).noquote() << encoded.error().text();
     throw RuntimeError(RuntimeError::Number::Automation);
 }
@@ -144,15 +150,19 @@ qint32 Ordane2::GetCaptureStatus() { return m_engine->picture().isNull() ? kFail
 QByteArray Ordane2::GetImageBytes(const QString& pattern)
 {
     if (m_engine->picture().isNull()) throw RuntimeError(RuntimeError::Number::Automation);
-    return bytesOrThrow(encodeImage(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality));
+    return bytesOrThrow([&](QIODevice& device) {
+        return encodeImage(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality, device);
+    });
 }
 
 QByteArray Ordane2::GetThumbnailBytes(const QString& pattern, qint32 width, qint32 height, qint32 /*mode*/)
 {
     if (m_engine->picture().isNull()) throw RuntimeError(RuntimeError::Number::Automation);
     if (width <= 0 || height <= 0) return {};
-    return bytesOrThrow(
-        encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality, {width, height}));
+    return bytesOrThrow([&](QIODevice& device) {
+        return encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality,
+                               {width, height}, device);
+    });
 }
 
 void Ordane2::setProgressHandler(ProgressHandler handler) { m_engine->m_progress = std::move(handler); }

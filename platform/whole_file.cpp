@@ -2,9 +2,9 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <system_error>
@@ -36,66 +36,17 @@ WriteProblem::Cause causeOf(int error)
     }
 }
 
-WriteProblem problem(const QString& path, int error)
+QString reasonOf(int error) { return QString::fromStdString(std::generic_category().message(error)); }
+
+WriteProblem problemWith(const QString& what, int error)
 {
-    const QString reason = QString::fromStdString(std::generic_category().message(error));
-    return {causeOf(error), u"%1 cannot be written: %2"_s.arg(path, reason)};
+    return {causeOf(error), u"%1 cannot be written: %2"_s.arg(what, reasonOf(error))};
 }
 
-/// A file of ours that nobody else sees yet; deleted unless it was moved to its place.
-class TemporaryFile
+QString temporaryName()
 {
-public:
-    explicit TemporaryFile(const QString& folder)
-        : m_path(QFile::encodeName(folder + u'/' + kPrefix +
-                                   QString::number(QRandomGenerator::system()->generate64(), 16) + kEnding)),
-          m_descriptor(::open(m_path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666))
-    {
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile()
-    {
-        if (m_descriptor < 0) return;
-        ::close(m_descriptor);
-        if (!m_path.isEmpty()) ::unlink(m_path.constData());
-    }
-
-    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-
-    // Each of these returns true, or false with errno set.
-    bool write(QByteArrayView bytes) const
-    {
-        while (!bytes.isEmpty()) {
-            const ssize_t count = ::write(m_descriptor, bytes.data(), size_t(bytes.size()));
-            if (count < 0 && errno != EINTR) return false;
-            if (count > 0) bytes = bytes.sliced(count);
-        }
-        return ::fdatasync(m_descriptor) == 0;
-    }
-
-    bool moveTo(const QByteArray& path, IfExists ifExists)
-    {
-        if (ifExists == IfExists::Refuse) return linkTo(path);
-        if (::rename(m_path.constData(), path.constData()) != 0) return false;
-        m_path.clear();
-        return true;
-    }
-
-private:
-    /// A link is refused where a name is taken, in one step; file systems without links give two steps.
-    bool linkTo(const QByteArray& path)
-    {
-        if (::link(m_path.constData(), path.constData()) == 0) return true;
-        if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return false;
-        if (::access(path.constData(), F_OK) != 0) return moveTo(path, IfExists::Replace);
-        errno = EEXIST;
-        return false;
-    }
-
-    QByteArray m_path; // Empty once the file has its final name alone.
-    int m_descriptor;
-};
+    return kPrefix + QString::number(QRandomGenerator::system()->generate64(), 16) + kEnding;
+}
 
 /// Makes a new name in folder survive a power failure; some file systems refuse, and keep it anyway.
 void syncFolder(const QString& folder)
@@ -108,14 +59,84 @@ void syncFolder(const QString& folder)
 
 } // namespace
 
-std::optional<WriteProblem> writeWholeFile(const QString& path, QByteArrayView bytes, IfExists ifExists)
+WholeFile::WholeFile(const QString& folder)
+    : m_folder(folder),
+      m_temporaryPath(QFile::encodeName(folder + u'/' + temporaryName())),
+      m_descriptor(
+          ::open(m_temporaryPath.constData(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666)),
+      m_errorNumber(m_descriptor < 0 ? errno : 0)
 {
-    const QString folder = QFileInfo(path).absolutePath();
-    TemporaryFile file(folder);
-    const bool done = file.isOpen() && file.write(bytes) && file.moveTo(QFile::encodeName(path), ifExists);
-    if (!done) return problem(path, errno);
-    syncFolder(folder);
+    if (m_descriptor >= 0) open(ReadWrite | Unbuffered);
+}
+
+WholeFile::~WholeFile()
+{
+    if (m_descriptor < 0) return;
+    ::close(m_descriptor);
+    if (m_hasTemporaryPath) ::unlink(m_temporaryPath.constData());
+}
+
+std::optional<WriteProblem> WholeFile::problem() const
+{
+    if (m_errorNumber == 0) return std::nullopt;
+    return problemWith(u"a file in %1"_s.arg(m_folder), m_errorNumber);
+}
+
+qint64 WholeFile::readData(char* bytes, qint64 count)
+{
+    return ::pread(m_descriptor, bytes, size_t(count), pos());
+}
+
+qint64 WholeFile::writeData(const char* bytes, qint64 count)
+{
+    for (qint64 done = 0; done < count;) {
+        const ssize_t written = ::pwrite(m_descriptor, bytes + done, size_t(count - done), pos() + done);
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) {
+            if (m_errorNumber == 0) m_errorNumber = errno;
+            setErrorString(reasonOf(m_errorNumber));
+            return -1;
+        }
+        done += written;
+    }
+    m_size = std::max(m_size, pos() + count);
+    return count;
+}
+
+std::optional<WriteProblem> WholeFile::moveTo(const QString& path, IfExists ifExists)
+{
+    if (m_errorNumber != 0) return problemWith(path, m_errorNumber);
+    m_path = QFile::encodeName(path);
+    const bool done = ::fdatasync(m_descriptor) == 0 && (ifExists == IfExists::Refuse ? link() : rename());
+    if (!done) return problemWith(path, errno);
+    syncFolder(m_folder);
     return std::nullopt;
+}
+
+void WholeFile::takeBack()
+{
+    if (m_hasTemporaryPath)
+        ::unlink(m_path.constData());
+    else
+        m_hasTemporaryPath = ::rename(m_path.constData(), m_temporaryPath.constData()) == 0;
+}
+
+// Both of these return true, or false with errno set.
+bool WholeFile::rename()
+{
+    if (::rename(m_temporaryPath.constData(), m_path.constData()) != 0) return false;
+    m_hasTemporaryPath = false;
+    return true;
+}
+
+/// A link is refused where a name is taken, in one step; file systems without links give two steps.
+bool WholeFile::link()
+{
+    if (::link(m_temporaryPath.constData(), m_path.constData()) == 0) return true;
+    if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return false;
+    if (::access(m_path.constData(), F_OK) != 0) return rename();
+    errno = EEXIST;
+    return false;
 }
 
 int sweepTemporaryFiles(const QString& folder)

@@ -2,6 +2,7 @@
 
 #include "capture/image/bitmap_writer.h"
 #include "capture/image/gif_writer.h"
+#include "capture/image/picture_sink.h"
 #include "capture/image/strip_decoder.h"
 
 #include <QHash>
@@ -31,16 +32,20 @@ Error libraryError(const vips::VError& problem)
     return {Error::Kind::Format, QString::fromLocal8Bit(problem.what()).trimmed(), u"encoding the picture"_s};
 }
 
-/// Runs a step that uses the library; its exceptions end here.
+/// Runs a step that uses the library and writes to a sink on device; the library's exceptions end here.
 template<typename Step>
-Result<QByteArray> guarded(Step step)
+Result<void> guarded(QIODevice& device, Step step)
 {
     prepareLibrary();
+    PictureSink sink(device);
+    Result<void> done;
     try {
-        return step();
+        done = step(sink);
     } catch (const vips::VError& problem) {
-        return libraryError(problem);
+        done = libraryError(problem);
     }
+    const auto state = sink.state(); // What came of a full disk is told as a full disk.
+    return state ? done : state;
 }
 
 /// All strips as one image, decoded as it is read, from top to bottom.
@@ -63,20 +68,21 @@ QByteArray bytesOf(VipsBlob* blob)
     return bytes;
 }
 
-VipsBlob* save(const VImage& image, ImageFormat format, int quality)
+void save(const VImage& image, ImageFormat format, int quality, PictureSink& sink)
 {
     auto* options = VImage::option()->set("strip", true);
     switch (format) {
-    case ImageFormat::Png: return image.pngsave_buffer(options->set("compression", kJoinedPngCompression));
-    case ImageFormat::Jpeg: return image.jpegsave_buffer(options->set("Q", std::clamp(quality, 1, 100)));
-    case ImageFormat::Gif: return image.gifsave_buffer(options);
+    case ImageFormat::Png:
+        return image.pngsave_target(sink.target(), options->set("compression", kJoinedPngCompression));
+    case ImageFormat::Jpeg:
+        return image.jpegsave_target(sink.target(), options->set("Q", std::clamp(quality, 1, 100)));
+    case ImageFormat::Gif: return image.gifsave_target(sink.target(), options);
     case ImageFormat::Tiff:
-        return image.tiffsave_buffer(options->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
+        return image.tiffsave_target(sink.target(),
+                                     options->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
                                          ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
-    case ImageFormat::Bmp: break;
+    case ImageFormat::Bmp: delete options; return;
     }
-    delete options;
-    return nullptr;
 }
 
 /// Longest side that the format can hold, px.
@@ -118,7 +124,7 @@ QByteArray encodePixels(const VImage& image)
     return writer.take();
 }
 
-Result<QByteArray> encodeLargeGif(const VImage& image)
+Result<QByteArray> largeGif(const VImage& image)
 {
     return gifOfPalettePng(bytesOf(image.pngsave_buffer(VImage::option()
                                                             ->set("palette", true)
@@ -127,12 +133,20 @@ Result<QByteArray> encodeLargeGif(const VImage& image)
                                                             ->set("strip", true))));
 }
 
-Result<QByteArray> encode(const VImage& image, ImageFormat format, int quality)
+Result<void> writeTo(PictureSink& sink, const Result<QByteArray>& file)
 {
-    if (format == ImageFormat::Bmp) return encodePixels(image);
+    if (!file) return file.error();
+    sink.write(file->constData(), file->size());
+    return {};
+}
+
+Result<void> encode(const VImage& image, ImageFormat format, int quality, PictureSink& sink)
+{
+    if (format == ImageFormat::Bmp) return writeTo(sink, encodePixels(image));
     if (format == ImageFormat::Gif && qint64(image.width()) * image.height() > kLargestGifFrame)
-        return encodeLargeGif(image);
-    return bytesOf(save(image, format, quality));
+        return writeTo(sink, largeGif(image));
+    save(image, format, quality, sink);
+    return {};
 }
 
 /// The part of a picture that a thumbnail of size shows.
@@ -176,18 +190,19 @@ Result<void> checkFits(QSize size, ImageFormat format)
                  {}};
 }
 
-Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality)
+Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int quality, QIODevice& device)
 {
     const auto fits = checkFits(picture.size(), format);
-    if (!fits) return fits.error();
-    if (isStripAlready(picture, format)) return picture.strips().front();
-    return guarded([&]() -> Result<QByteArray> {
-        if (format == ImageFormat::Bmp) return encodeBitmap(picture);
-        return encode(decode(picture), format, quality);
+    if (!fits) return fits;
+    return guarded(device, [&](PictureSink& sink) -> Result<void> {
+        if (isStripAlready(picture, format)) return writeTo(sink, picture.strips().front());
+        if (format == ImageFormat::Bmp) return writeTo(sink, encodeBitmap(picture));
+        return encode(decode(picture), format, quality, sink);
     });
 }
 
-Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size)
+Result<void> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size,
+                             QIODevice& device)
 {
     if (size.width() <= 0 || size.height() <= 0)
         return Error{Error::Kind::Usage, u"a thumbnail needs a width and a height above 0"_s, {}};
@@ -196,8 +211,9 @@ Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat forma
                      u"a thumbnail of %1 x %2 px is too large"_s.arg(size.width()).arg(size.height()),
                      {}};
     const auto fits = checkFits(size, format);
-    if (!fits) return fits.error();
-    return guarded([&] { return encode(shrink(picture, size), format, quality); });
+    if (!fits) return fits;
+    return guarded(device,
+                   [&](PictureSink& sink) { return encode(shrink(picture, size), format, quality, sink); });
 }
 
 } // namespace vistrel

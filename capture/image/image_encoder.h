@@ -2,6 +2,8 @@
 
 #include "capture/image/page_picture.h"
 
+#include <QIODevice>
+
 #include <optional>
 
 namespace vistrel
@@ -16,14 +18,17 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending);
 /// side; BMP: 4 GiB in all).
 Result<void> checkFits(QSize size, ImageFormat format);
 
-/// The whole image file. PNG and TIFF are lossless, BMP has 24 bits, GIF 256 dithered colours; quality, 1 to
-/// 100, is for JPEG. A picture that already is one strip in the format asked for is handed out as it stands.
+/// Writes the image file to device, which is open for reading and writing, of random access and at its start.
+/// PNG and TIFF are lossless, BMP has 24 bits, GIF 256 dithered colours; quality, 1 to 100, is for JPEG. A
+/// picture that already is one strip in the format asked for is handed out as it stands.
 ///
-////// Errors: those of checkFits(), and Format when a strip cannot be decoded. May be called on any thread.
-Result<QByteArray> encodeImage(const PagePicture& picture, ImageFormat format, int quality);
+/// Errors: those of checkFits(), Format when a strip cannot be decoded, and Io when device does not take all;
+/// it may hold a part of the file then. May be called on any thread, and writes from others.
+Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int quality, QIODevice& device);
 
-/// A thumbnail of exactly size: the picture scaled to cover it, cropped from the top and the middle.
-/// Error::Kind::Usage for a size with a side of 0 or less, TooLarge for one of over 256 million pixels.
-Result<QByteArray> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size);
+/// A thumbnail of exactly size: the picture scaled to cover it, cropped from the top and the middle. Errors
+/// as above, and Usage for a size with a side of 0 or less, TooLarge for one of over 256 million pixels.
+Result<void> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size,
+                             QIODevice& device);
 
 } // namespace vistrel

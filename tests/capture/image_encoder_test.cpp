@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QTemporaryFile>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tiffio.h>
 
@@ -48,6 +49,39 @@ PagePicture picture(const QImage& image, const QList<int>& heights)
     }
     return result;
 }
+
+/// The file that encode, which is given a device, writes there.
+template<typename Encode>
+Result<QByteArray> fileOf(Encode encode)
+{
+    QBuffer buffer;
+    buffer.open(QBuffer::ReadWrite);
+    const Result<void> done = encode(buffer);
+    if (!done) return done.error();
+    return buffer.data();
+}
+
+Result<QByteArray> encodeImage(const PagePicture& source, ImageFormat format, int quality)
+{
+    return fileOf([&](QIODevice& device) { return encodeImage(source, format, quality, device); });
+}
+
+Result<QByteArray> encodeThumbnail(const PagePicture& source, ImageFormat format, int quality, QSize size)
+{
+    return fileOf([&](QIODevice& device) { return encodeThumbnail(source, format, quality, size, device); });
+}
+
+/// Takes 10,000 bytes and no more.
+class FullDevice : public QBuffer
+{
+protected:
+    qint64 writeData(const char* bytes, qint64 count) override
+    {
+        if (pos() + count <= 10000) return QBuffer::writeData(bytes, count);
+        setErrorString(u"no room"_s);
+        return -1;
+    }
+};
 
 QImage readTiff(const QByteArray& bytes)
 {
@@ -153,6 +187,25 @@ TEST(ImageEncoder, WhatAFormatCannotHoldIsRefused)
     EXPECT_LT(difference(QImage::fromData(*encodeImage(picture(large, {26000, 1000}), ImageFormat::Gif, 80)),
                          large),
               12);
+}
+
+TEST(ImageEncoder, AFullDeviceIsNoBadPicture)
+{
+    QImage noise(301, 240, QImage::Format_RGB32);
+    for (int y = 0; y < noise.height(); ++y)
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, QRgb(qHash(y * 1000 + x)) | 0xff000000);
+    for (const auto& source : {picture(noise, {240}), picture(noise, {200, 40})}) {
+        for (const ImageFormat format :
+             {ImageFormat::Png, ImageFormat::Jpeg, ImageFormat::Gif, ImageFormat::Bmp, ImageFormat::Tiff}) {
+            FullDevice device;
+            device.open(QBuffer::ReadWrite);
+            const auto done = encodeImage(source, format, 80, device);
+            ASSERT_FALSE(done.ok()) << int(format);
+            EXPECT_EQ(done.error().kind, Error::Kind::Io) << int(format);
+            EXPECT_THAT(done.error().message.toStdString(), testing::HasSubstr("no room")) << int(format);
+        }
+    }
 }
 
 TEST(BlankCheck, OnlyPicturesOfOneColourAreBlank)
