@@ -23,7 +23,7 @@ QStringList filesIn(const TempFolder& folder)
 TEST(WholeFile, NothingShowsUntilItHasItsNameAndOtherFilesAreRespected)
 {
     const TempFolder folder;
-    folder.write(u"taken"_s, "another's");
+    const QString taken = folder.write(u"taken"_s, "another's");
     {
         WholeFile file(folder.path({}));
         ASSERT_TRUE(file.isOpen());
@@ -31,7 +31,7 @@ TEST(WholeFile, NothingShowsUntilItHasItsNameAndOtherFilesAreRespected)
         EXPECT_TRUE(file.seek(0));
         EXPECT_EQ(file.write("whole"), 5);
         EXPECT_EQ(file.size(), 9);
-        EXPECT_EQ(file.moveTo(folder.path(u"taken"_s), IfExists::Refuse)->cause, Cause::Exists);
+        EXPECT_EQ(file.moveTo(taken, IfExists::Refuse)->cause, Cause::Exists);
         EXPECT_FALSE(file.moveTo(folder.path(u"first"_s), IfExists::Refuse));
         file.takeBack();
         EXPECT_FALSE(QFile::exists(folder.path(u"first"_s)));
