@@ -30,6 +30,10 @@ std::ifstream openFile(const QString& path)
 
 Result<void> checkList(const QString& path)
 {
+    if (!QFileInfo::exists(path))
+        return Error{Error::Kind::Io,
+                     u"there is no list file %1; to convert a single page, give it with --url"_s.arg(path),
+                     {}};
     const auto readable = checkFile(path, u"list file"_s);
     if (!readable || !QFileInfo(path).isFile()) return readable;
     auto file = openFile(path);
