@@ -92,6 +92,8 @@ Answer refusal(const Error& error) { return {ExitCode::Usage, u"vistrel-batch: %
 
 Result<void> checkWritable(const QString& folder)
 {
+    if (QFileInfo(folder).isFile())
+        return Error{Error::Kind::Io, u"%1 is a file, not a folder for images"_s.arg(folder), {}};
     if (isWritable(folder)) return {};
     return Error{Error::Kind::Io, u"the folder %1 cannot be written"_s.arg(folder), {}};
 }
