@@ -52,6 +52,7 @@ QStringList RunSummary::lines(qint64 elapsedMilliseconds, bool resumable) const
                                              resumable ? u"--resume goes on with them"_s
                                                        : u"the journal is gone: start the run anew"_s);
     totals += u" in %1 s"_s.arg(double(elapsedMilliseconds) / 1000, 0, 'f', 1);
+    if (m_tally.all() == 0) totals += u": there is no entry in what was given"_s;
     return QStringList{totals} + describe(m_failures, u"failed"_s) + describe(m_notes, u"converted, but"_s);
 }
 
