@@ -232,6 +232,30 @@ std::variant<Plan, Answer> parseNew(const QStringList& arguments)
     return completePlan(given, second);
 }
 
+bool isSameFile(const QString& one, const QString& other)
+{
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    const QString target = first.canonicalFilePath(); // Empty when there is no such file.
+    return first.absoluteFilePath() == second.absoluteFilePath() ||
+           (!target.isEmpty() && target == second.canonicalFilePath());
+}
+
+/// What would be lost to the report or the contact sheet; empty when nothing.
+QString overwritten(const Plan& plan)
+{
+    QStringList taken = plan.lists + plan.sitemaps + plan.addresses;
+    for (const auto& [option, file] :
+         {std::pair(u"--report"_s, plan.reportFile), {u"--html"_s, plan.sheetFile}}) {
+        if (file.isEmpty()) continue;
+        for (const QString& other : std::as_const(taken)) {
+            if (isSameFile(file, other)) return u"%1 would overwrite %2"_s.arg(option, other);
+        }
+        taken.append(file);
+    }
+    return {};
+}
+
 /// What options that are right one by one make wrong together; empty when all is well.
 QString objectionTo(const Plan& plan)
 {
@@ -242,7 +266,8 @@ QString objectionTo(const Plan& plan)
         return u"--script needs pages whose scripts run: leave out --no-script"_s;
     if (!plan.page.element.isEmpty() && plan.page.windowOnly)
         return u"--selector and --visible-only exclude each other: leave out one"_s;
-    return {};
+    if (plan.outputFolder.isEmpty()) return u"the output folder has no name: give one with --output"_s;
+    return overwritten(plan);
 }
 
 } // namespace

@@ -45,6 +45,21 @@ CLI::Validator check(Result<Value> (*read)(const QString&))
     return {complain, ""};
 }
 
+/// Takes numbers from least to most; "nan" is none.
+CLI::Validator within(double least, double most)
+{
+    const auto complain = [least, most](std::string& text) {
+        const QString written = QString::fromStdString(text);
+        bool isNumber = false;
+        const double number = written.toDouble(&isNumber);
+        if (isNumber && number >= least && number <= most) return std::string();
+        return u"a number from %1 to %2 is needed, not %3"_s
+            .arg(QString::number(least, 'g', 10), QString::number(most, 'g', 10), written)
+            .toStdString();
+    };
+    return {complain, ""};
+}
+
 } // namespace
 
 OptionSet::OptionSet(Arguments& arguments) : m_app(kDescription, "vistrel-batch")
@@ -101,7 +116,7 @@ void OptionSet::defineImages(Arguments& given)
         ->group(kImages);
     keep(m_app.add_option("-q,--quality", given.quality, "JPEG quality, 1 to 100"))
         ->type_name("N")
-        ->check(CLI::Range(1, 100))
+        ->check(within(1, 100))
         ->capture_default_str()
         ->group(kImages);
     keep(m_app.add_option("--thumbnail", given.thumbnail, "Write a thumbnail of this size beside each image"))
@@ -115,12 +130,12 @@ void OptionSet::definePages(Arguments& given)
 {
     keep(m_app.add_option("--delay", given.delay, "Wait between a page being ready and its picture"))
         ->type_name("SECONDS")
-        ->check(CLI::Range(0.0, kLongestSeconds))
+        ->check(within(0.0, kLongestSeconds))
         ->capture_default_str()
         ->group(kPages);
     keep(m_app.add_option("--timeout", given.timeout, "The longest time for one page"))
         ->type_name("SECONDS")
-        ->check(CLI::Range(0.1, kLongestSeconds))
+        ->check(within(0.1, kLongestSeconds))
         ->capture_default_str()
         ->group(kPages);
     keep(m_app.add_option("--wait-for", given.awaitedElement,
@@ -155,7 +170,7 @@ void OptionSet::defineLook(Arguments& given)
         ->group(kLook);
     keep(m_app.add_option("--scale", given.scale, "Pixels of the image for one of the page, 0.5 to 4"))
         ->type_name("N")
-        ->check(CLI::Range(0.5, 4.0))
+        ->check(within(0.5, 4.0))
         ->capture_default_str()
         ->group(kLook);
     keep(m_app.add_flag("--visible-only", given.windowOnly, "Only what the window shows, not the whole page"),
@@ -164,7 +179,7 @@ void OptionSet::defineLook(Arguments& given)
     keep(
         m_app.add_option("--max-height", given.maxHeight, "Cut pages that are taller, in pixels of the page"))
         ->type_name("N")
-        ->check(CLI::Range(1, kTallest))
+        ->check(within(1, kTallest))
         ->group(kLook);
     keep(m_app.add_option("--selector", given.element, "Only the first element that matches"))
         ->type_name("SELECTOR")
@@ -221,17 +236,17 @@ void OptionSet::defineRun(Arguments& given)
         ->group(kRun);
     m_app.add_option("--per-host", given.perHost, "Pages of one host at a time; 0: any number")
         ->type_name("N")
-        ->check(CLI::Range(0, kMostPerHost))
+        ->check(within(0, kMostPerHost))
         ->capture_default_str()
         ->group(kRun);
     m_app.add_option("--per-host-delay", given.perHostDelay, "Pause between two pages of one host")
         ->type_name("SECONDS")
-        ->check(CLI::Range(0.0, kLongestSeconds))
+        ->check(within(0.0, kLongestSeconds))
         ->capture_default_str()
         ->group(kRun);
     m_app.add_option("--retry", given.retries, "Further attempts after a fault that can pass")
         ->type_name("N")
-        ->check(CLI::Range(0, 20))
+        ->check(within(0, 20))
         ->capture_default_str()
         ->group(kRun);
     m_app.add_flag("--resume", given.resume, "Go on with the run in the output folder")->group(kRun);

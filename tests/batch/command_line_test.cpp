@@ -112,6 +112,7 @@ TEST(CommandLine, WhatMakesNoSenseIsRefused)
                                       {u"a.txt"_s, u"--thumbnail"_s, u"20000x5"_s},
                                       {u"a.txt"_s, u"--delay"_s, u"-1"_s},
                                       {u"a.txt"_s, u"--timeout"_s, u"0"_s},
+                                      {u"a.txt"_s, u"--timeout"_s, u"nan"_s},
                                       {u"a.txt"_s, u"--config"_s, u"/no/such/Config.Ini"_s},
                                       {u"a.txt"_s, u"-f"_s, u"png,webp"_s},
                                       {u"a.txt"_s, u"-j"_s, u"0"_s},
@@ -135,6 +136,10 @@ TEST(CommandLine, WhatMakesNoSenseIsRefused)
                                       {u"a.txt"_s, u"--proxy"_s, u"http://user:word@h:3128"_s},
                                       {u"a.txt"_s, u"--selector"_s, u"p"_s, u"--visible-only"_s},
                                       {u"a.txt"_s, u"--script"_s, script, u"--no-script"_s},
+                                      {u"a.txt"_s, u"-o"_s, u""_s},
+                                      {u"a.txt"_s, u"--report"_s, u"./a.txt"_s},
+                                      {u"--url"_s, script, u"--html"_s, folder.path(u"x/../a.js"_s)},
+                                      {u"a.txt"_s, u"--report"_s, u"r"_s, u"--html"_s, u"./r"_s},
                                       {u"a.txt"_s, u"--no-such-option"_s}};
     for (const QStringList& command : commands)
         EXPECT_EQ(refusal(command), ExitCode::Usage) << command.join(u' ').toStdString();
