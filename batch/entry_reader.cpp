@@ -88,7 +88,7 @@ Entry EntryReader::entryOf(const Line& line) const
     Entry entry;
     entry.line = m_line;
     entry.list = m_list;
-    entry.text = entryOfLine(text.left(line.tooLong ? 100 : text.size()));
+    entry.text = entryOfLine(text.left(line.tooLong ? 100 : text.size()).trimmed());
     if (entry.text.isEmpty()) return entry;
     if (line.tooLong)
         entry.problem = u"the line is longer than %1 MiB"_s.arg(kLongestLine / (1024 * 1024));

@@ -10,9 +10,9 @@ namespace vistrel
 {
 
 /// Reads the entries of one list as they are asked for: UTF-8, with or without a byte-order mark, lines ended
-/// by LF or CR LF. Comments, blank lines and lines of one character are passed over. A line that is no text,
-/// or too long for an entry, comes out with its problem; the rest is not affected. Memory use does not depend
-/// on the list.
+/// by LF or CR LF, with blanks of any kind around them. Comments, blank lines and lines of one character are
+/// passed over. A line that is no text, or too long for an entry, comes out with its problem; the rest is not
+/// affected. Memory use does not depend on the list.
 class EntryReader
 {
 public:

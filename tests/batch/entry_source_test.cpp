@@ -27,7 +27,7 @@ QList<Entry> entriesOf(const std::string& list)
 
 TEST(EntryReader, TakesEitherLineEndingAndDropsWhatIsNoEntry)
 {
-    const auto entries = entriesOf("* comment\r\nhttp://a/\n\n  x \r\n  b.html  \r\n  * more\nlast");
+    const auto entries = entriesOf("* comment\r\nhttp://a/\n\n  x \r\n \tb.html\t\xC2\xA0\r\n  * more\nlast");
     ASSERT_EQ(entries.size(), 3);
     EXPECT_EQ(entries[0].text, u"http://a/"_s);
     EXPECT_EQ(entries[0].line, 2);
