@@ -9,6 +9,6 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     vistrel::Streams streams{std::cin, std::cout, std::cerr, vistrel::errorStreamIsTerminal(),
-                             vistrel::terminalColumns()};
+                             vistrel::terminalColumns};
     return int(vistrel::runProgram(QCoreApplication::arguments().mid(1), streams));
 }

@@ -88,7 +88,7 @@ void Progress::drawLine()
 {
     if (!m_streams.terminal || !m_clock.isValid()) return;
     clearLine();
-    m_streams.err << state().left(std::max(m_streams.columns - 1, 1)).toStdString() << std::flush;
+    m_streams.err << state().left(std::max(m_streams.columns() - 1, 1)).toStdString() << std::flush;
 }
 
 void Progress::clearLine()

@@ -13,7 +13,7 @@ struct Streams {
     std::ostream& err; ///< What went wrong, and the progress line.
     /// A person watches err: the results give way to a progress line there, and only failures get a line.
     bool terminal = false;
-    int columns = 80; ///< Width of that terminal.
+    int (*columns)() = [] { return 80; }; ///< The width of that terminal now.
 };
 
 } // namespace vistrel

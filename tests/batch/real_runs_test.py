@@ -126,11 +126,11 @@ class Shortcuts(BatchTest):
 
 
 class Terminal(BatchTest):
-    COLUMNS = 50
+    COLUMNS = 35
     CLEAR = '\r\x1b[K'
     routes = {'/page': page}
 
-    def test_progress_is_one_line_and_only_failures_get_their_own(self):
+    def test_progress_is_one_line_of_the_terminals_width_and_only_failures_get_their_own(self):
         entries = self.write_list([*(self.server.url(f'/page/{number}') for number in range(5)), '/no/such.html'])
         shown, results = self.run_on_terminal('-j', 1, entries)
         self.assertEqual(results, '')
@@ -141,15 +141,20 @@ class Terminal(BatchTest):
         self.assertRegex(printed[0], r'^failed /no/such.html \(line 6 of .*list.txt\): ')
         self.assertRegex(printed[1], r'^5 converted, 1 failed in ')
 
+    @staticmethod
+    def resize(terminal, columns):
+        fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack('HHHH', 24, columns, 0, 0))
+
     def run_on_terminal(self, *arguments):
-        """What its terminal and its standard output got."""
+        """What its terminal, which is made narrower when the run has begun, and its standard output got."""
         ours, theirs = pty.openpty()
-        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack('HHHH', 24, self.COLUMNS, 0, 0))
+        self.resize(ours, 200)
         process = self.start(*arguments, stderr=theirs)
         os.close(theirs)
         shown = b''
         try:
             while part := os.read(ours, 4096):
+                self.resize(ours, self.COLUMNS)
                 shown += part
         except OSError:
             pass  # The other side is closed.
