@@ -105,16 +105,21 @@ Task<Result<PageShot>> PageRun::runOpened()
 Task<Result<void>> PageRun::open()
 {
     auto target = co_await m_browser->openPage(std::min(m_request.timeout, kOpenLimit));
-    if (!target && target.error().kind == Error::Kind::Timeout) {
-        m_browser->setFaulty();
-        co_return Error{Error::Kind::Closed, u"the browser does not answer"_s, target.error().context};
-    }
-    if (!target) co_return target.error();
+    if (!target) co_return withoutPage(target.error());
     m_target = std::move(*target);
     m_session = m_target->session();
     if (m_cancelled) m_session->end(cancelled());
     report(kOpened);
     co_return Result<void>();
+}
+
+/// What it means that the browser opens no page: one that is being ended refuses to, before it goes.
+Error PageRun::withoutPage(const Error& error)
+{
+    const bool silent = error.kind == Error::Kind::Timeout;
+    if (!silent && error.kind != Error::Kind::Protocol) return error;
+    m_browser->setFaulty();
+    return {Error::Kind::Closed, silent ? u"the browser does not answer"_s : error.message, error.context};
 }
 
 Task<Result<void>> PageRun::prepare()

@@ -46,6 +46,7 @@ private:
     PageRun(std::shared_ptr<Browser> browser, PageRequest request);
     Task<Result<PageShot>> runOpened();
     Task<Result<void>> open();
+    Error withoutPage(const Error& error);
     Task<Result<void>> prepare();
     void guardLocalFiles();
     void addHeaders();

@@ -91,8 +91,10 @@ TEST_F(BrowserFaults, OneThatBreaksOffIsFaulty)
 {
     EXPECT_EQ(captureWith(u"torn"_s).error().kind, Error::Kind::Protocol);
     EXPECT_FALSE(browser->isUsable());
-    EXPECT_EQ(captureWith(u"closing"_s).error().kind, Error::Kind::Closed);
-    EXPECT_FALSE(browser->isUsable());
+    for (const QString& way : {u"closing"_s, u"leaving"_s}) {
+        EXPECT_EQ(captureWith(way).error().kind, Error::Kind::Closed) << way.toStdString();
+        EXPECT_FALSE(browser->isUsable()) << way.toStdString();
+    }
 }
 
 TEST_F(BrowserFaults, OneThatDoesNotCloseItsPagesIsFaulty)

@@ -87,6 +87,8 @@ QJsonObject answer(const QString& method)
     return {};
 }
 
+QJsonObject refusal() { return {{u"code"_s, -32000}, {u"message"_s, u"Not supported"_s}}; }
+
 void misbehave(const QString& method)
 {
     if (mode == u"torn" && method == u"Page.navigate") say("{\"id\":3,\"resu");
@@ -110,7 +112,11 @@ void serve(const QByteArray& bytes)
     const QString method = call[u"method"].toString();
     if (method == u"Emulation.setDeviceMetricsOverride") resize(call[u"params"].toObject());
     misbehave(method);
-    QJsonObject reply{{u"id"_s, call[u"id"]}, {u"result"_s, answer(method)}};
+    QJsonObject reply{{u"id"_s, call[u"id"]}};
+    if (mode == u"leaving" && method == u"Target.createTarget")
+        reply.insert(u"error"_s, refusal());
+    else
+        reply.insert(u"result"_s, answer(method));
     if (call.contains(u"sessionId")) reply.insert(u"sessionId"_s, call[u"sessionId"]);
     sayJson(reply);
 }
