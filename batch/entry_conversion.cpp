@@ -73,7 +73,9 @@ Task<Attempt> EntryConversion::run(std::shared_ptr<Browser> browser)
 
 Attempt EntryConversion::failure(const Error& error, bool browserLost) const
 {
-    Attempt attempt{Outcome::failed(inWords(error.text()))};
+    const QString remedy =
+        error.kind == Error::Kind::Timeout ? u"; --timeout gives pages more time"_s : QString();
+    Attempt attempt{Outcome::failed(inWords(error.text()) + remedy)};
     if (m_cancelled || error.kind == Error::Kind::Cancelled)
         attempt.trouble = Trouble::Cancelled;
     else if (error.kind == Error::Kind::Closed && browserLost)

@@ -42,6 +42,8 @@ constexpr std::array kFaults{
     Fault{"ERR_SSL_"_L1, "the server offers no secure connection that the browser takes"_L1, false},
     Fault{"ERR_UNSAFE_PORT"_L1, "the browser opens no page at that port"_L1, false},
     Fault{"ERR_TOO_MANY_REDIRECTS"_L1, "the server sends the browser round in circles"_L1, false},
+    Fault{"ERR_UNSAFE_REDIRECT"_L1, "the server leads to an address that is no web page's"_L1, false},
+    Fault{"ERR_CONTENT_DECODING_FAILED"_L1, "it is not packed as the server says"_L1, false},
     Fault{"ERR_INVALID_HTTP_RESPONSE"_L1, "what answers there is no web server"_L1, false},
     Fault{"ERR_ABORTED"_L1, "the server gave no document"_L1, false}};
 
