@@ -245,6 +245,7 @@ bool isSameFile(const QString& one, const QString& other)
 QString overwritten(const Plan& plan)
 {
     QStringList taken = plan.lists + plan.sitemaps + plan.addresses;
+    taken.append(Journal::pathIn(plan.outputFolder));
     for (const auto& [option, file] :
          {std::pair(u"--report"_s, plan.reportFile), {u"--html"_s, plan.sheetFile}}) {
         if (file.isEmpty()) continue;
