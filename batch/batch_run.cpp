@@ -184,23 +184,25 @@ void BatchRun::stop(ExitCode exitCode)
 ExitCode BatchRun::tell()
 {
     RunSummary summary;
-    bool allConverted = true;
+    bool allWell = true;
     const auto told = m_journal->forEach([&](const Entry& entry, const Outcome& outcome) {
         summary.add(entry, outcome);
-        allConverted = allConverted && outcome.state == EntryState::Converted;
+        allWell = allWell && outcome.state == EntryState::Converted;
         if (!m_plan.reportFile.isEmpty()) m_report.add(entry, outcome);
         if (!m_plan.sheetFile.isEmpty()) m_sheet.add(entry, outcome);
     });
     const auto reported = m_plan.reportFile.isEmpty() ? Result<void>() : m_report.close();
     const auto shown = m_plan.sheetFile.isEmpty() ? Result<void>() : m_sheet.close();
     for (const Result<void>& step : {told, reported, shown}) {
-        if (!step) m_progress.message(u"vistrel-batch: "_s + step.error().text());
+        if (step) continue;
+        m_progress.message(u"vistrel-batch: "_s + step.error().text());
+        allWell = false;
     }
     const bool resumable = QFileInfo::exists(Journal::pathIn(m_plan.outputFolder));
     for (const QString& line : summary.lines(m_progress.elapsedMilliseconds(), resumable))
         m_progress.message(line);
     if (m_stopped) return *m_stopped;
-    return allConverted ? ExitCode::Converted : ExitCode::SomeFailed;
+    return allWell ? ExitCode::Converted : ExitCode::SomeFailed;
 }
 
 } // namespace vistrel

@@ -23,8 +23,8 @@ const char* const kFooter =
     R"(Names: url, number, or a template of {index} {host} {path} {title} {date}
 {width} {height}.
 The output folder keeps a journal of the run; --resume goes on where the run ended, however it ended.
-Exit codes: 0 all converted, 1 some entries failed, 2 usage, 3 the browser could not be started,
-130 and 143 interrupted.)";
+Exit codes: 0 all converted, 1 some entries failed or a report could not be written, 2 usage,
+3 the browser could not be started, 130 and 143 interrupted.)";
 
 // The headings of the help.
 const char* const kInput = "What to convert";

@@ -114,6 +114,16 @@ class BarredWays(BatchTest):
         self.assertIn('the proxy asks for a password', self.failed('http://x.test/', http_proxy=self.server.url('')))
 
 
+class Reports(BatchTest):
+    routes = {'/page': page}
+
+    def test_one_that_cannot_be_written_is_no_success(self):
+        for option in '--report', '--html':
+            code, said = self.run_batch(option, '/dev/full', '--url', self.server.url('/page'))
+            self.assertEqual((code, self.states()), (1, {1: CONVERTED}), said)
+            self.assertIn('/dev/full cannot be written', said)
+
+
 class Shortcuts(BatchTest):
     routes = {'/page': page}
 
