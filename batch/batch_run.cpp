@@ -54,6 +54,10 @@ BatchRun::BatchRun(Plan plan, std::unique_ptr<Journal> journal, Streams& streams
 
 Task<ExitCode> BatchRun::run()
 {
+    if (!m_journal->setAside().isEmpty())
+        m_progress.message(
+            u"vistrel-batch: without --resume this is a new run; the journal of the unfinished one is kept as "_s +
+            m_journal->setAside());
     auto ready = prepareFiles();
     if (ready) ready = co_await fill();
     if (!ready) {

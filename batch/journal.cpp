@@ -92,13 +92,17 @@ Result<std::unique_ptr<Journal>> Journal::openFile(const QString& path)
 Result<std::unique_ptr<Journal>> Journal::create(const QString& folder, const OptionValues& options)
 {
     const QString path = pathIn(folder);
+    QString setAside;
     if (QFileInfo::exists(path)) {
         auto earlier = openFile(path);
         if (!earlier && earlier.error().kind == Error::Kind::Closed) return earlier.error();
         const auto filled = earlier ? (*earlier)->isFilled() : Result<bool>(false);
         const auto tally = filled && *filled ? (*earlier)->tally() : Result<Tally>(Tally());
         if (earlier) earlier->reset();
-        if (tally && tally->pending > 0) moveAll(path, QDir(folder).filePath(kEarlierName));
+        if (tally && tally->pending > 0) {
+            setAside = QDir(folder).filePath(kEarlierName);
+            moveAll(path, setAside);
+        }
         removeAll(path);
     }
     auto journal = openFile(path);
@@ -106,6 +110,7 @@ Result<std::unique_ptr<Journal>> Journal::create(const QString& folder, const Op
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner); // Cookies may be among the options.
     const auto ready = (*journal)->setUp(options);
     if (!ready) return ready.error().during(u"writing the journal"_s);
+    (*journal)->m_setAside = setAside;
     return journal;
 }
 

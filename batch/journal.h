@@ -46,6 +46,9 @@ public:
     /// Opens the journal of an earlier run. Error::Kind::Usage when there is none.
     static Result<std::unique_ptr<Journal>> open(const QString& folder);
 
+    /// Where create() keeps the unfinished run that gave way; empty when there was none.
+    [[nodiscard]] const QString& setAside() const { return m_setAside; }
+
     /// The options that the run was started with.
     [[nodiscard]] Result<OptionValues> options();
 
@@ -84,6 +87,7 @@ private:
 
     QMutex m_mutex; // Held during each statement.
     std::unique_ptr<Database> m_database;
+    QString m_setAside;
 };
 
 } // namespace vistrel
