@@ -21,7 +21,7 @@ constexpr qsizetype kShownGroups = 10;
 
 QString generalReason(const QString& reason)
 {
-    static const QRegularExpression particular(u"\"[^\"]*\"|(?<![\\w.])/\\S+|\\d+(\\.\\d+)?"_s);
+    static const QRegularExpression particular(u"\"[^\"]*\"|(?<![\\w.])/\\S+|(?<![\\w-])\\d+(\\.\\d+)?"_s);
     return QString(reason).replace(particular, u"…"_s);
 }
 

@@ -31,7 +31,7 @@ private:
     QHash<QString, Group> m_notes;
 };
 
-/// reason without what is particular to one entry: quoted texts, paths, numbers.
+/// reason without what is particular to one entry: quoted texts, paths, numbers that stand alone.
 [[nodiscard]] QString generalReason(const QString& reason);
 
 } // namespace vistrel
