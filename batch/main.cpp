@@ -8,7 +8,11 @@
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    vistrel::Streams streams{std::cin, std::cout, std::cerr, vistrel::errorStreamIsTerminal(),
+    vistrel::Streams streams{std::cin,
+                             std::cout,
+                             std::cerr,
+                             vistrel::errorStreamIsTerminal(),
+                             vistrel::outputStreamIsTerminal(),
                              vistrel::terminalColumns};
     return int(vistrel::runProgram(QCoreApplication::arguments().mid(1), streams));
 }

@@ -58,10 +58,9 @@ void Progress::finished(const Entry& entry, const Outcome& outcome)
     ++(converted ? m_tally.converted : m_tally.failed);
     --m_tally.pending;
     ++m_finished;
-    if (!m_streams.terminal)
-        print(m_streams.out, resultLine(entry, outcome));
-    else if (!converted)
-        message(resultLine(entry, outcome));
+    const QString line = resultLine(entry, outcome);
+    if (!m_streams.terminal || !m_streams.outTerminal) print(m_streams.out, line);
+    if (m_streams.terminal && !converted) message(line);
     drawLine();
 }
 

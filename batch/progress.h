@@ -9,7 +9,7 @@ namespace vistrel
 {
 
 /// Tells the user how the run goes: on a terminal a line that is rewritten, with a line of its own for each
-/// failure; elsewhere one line for every entry.
+/// failure; elsewhere, as where the output is led to a file, one line for every entry.
 class Progress
 {
 public:

@@ -11,9 +11,10 @@ struct Streams {
     std::istream& in;
     std::ostream& out; ///< Results, one line for every entry.
     std::ostream& err; ///< What went wrong, and the progress line.
-    /// A person watches err: the results give way to a progress line there, and only failures get a line.
+    /// A person watches err: it gets a progress line, and a line for each failure.
     bool terminal = false;
-    int (*columns)() = [] { return 80; }; ///< The width of that terminal now.
+    bool outTerminal = false;             ///< And out: the results give way to what err gets.
+    int (*columns)() = [] { return 80; }; ///< The width of err's terminal now.
 };
 
 } // namespace vistrel

@@ -10,6 +10,8 @@ namespace vistrel
 
 bool errorStreamIsTerminal() { return ::isatty(STDERR_FILENO) == 1 && qgetenv("TERM") != "dumb"; }
 
+bool outputStreamIsTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
+
 int terminalColumns()
 {
     winsize size{};

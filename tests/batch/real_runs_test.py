@@ -142,8 +142,8 @@ class Terminal(BatchTest):
 
     def test_progress_is_one_line_of_the_terminals_width_and_only_failures_get_their_own(self):
         entries = self.write_list([*(self.server.url(f'/page/{number}') for number in range(5)), '/no/such.html'])
-        shown, results = self.run_on_terminal('-j', 1, entries)
-        self.assertEqual(results, '')
+        shown, _ = self.run_on_terminal('-j', 1, entries, results_too=True)
+        self.assertNotIn('converted http', shown)
         progress = re.findall(r'\r\x1b\[K(\d+ of 6, [^\r\n]*)', shown)
         self.assertEqual(sorted({int(line.split()[0]) for line in progress}), list(range(7)))
         self.assertLess(max(map(len, progress)), self.COLUMNS)
@@ -151,15 +151,22 @@ class Terminal(BatchTest):
         self.assertRegex(printed[0], r'^failed /no/such.html \(line 6 of .*list.txt\): ')
         self.assertRegex(printed[1], r'^5 converted, 1 failed in ')
 
+    def test_results_that_are_led_elsewhere_arrive_there(self):
+        entries = self.write_list([self.server.url('/page'), '/no/such.html'])
+        shown, results = self.run_on_terminal('-j', 1, entries)
+        self.assertEqual([line.split()[0] for line in results.splitlines()], ['converted', 'failed'])
+        self.assertNotIn('converted http', shown)
+
     @staticmethod
     def resize(terminal, columns):
         fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack('HHHH', 24, columns, 0, 0))
 
-    def run_on_terminal(self, *arguments):
-        """What its terminal, which is made narrower when the run has begun, and its standard output got."""
+    def run_on_terminal(self, *arguments, results_too=False):
+        """What its terminal, which is made narrower when the run has begun, and its standard output, when that is not
+        the terminal too, got."""
         ours, theirs = pty.openpty()
         self.resize(ours, 200)
-        process = self.start(*arguments, stderr=theirs)
+        process = self.start(*arguments, stderr=theirs, **({'stdout': theirs} if results_too else {}))
         os.close(theirs)
         shown = b''
         try:
