@@ -3,6 +3,7 @@
 #include "app/config/config_values.h"
 #include "batch/option_set.h"
 #include "batch/option_values.h"
+#include "capture/page/page_run.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -267,6 +268,8 @@ QString objectionTo(const Plan& plan)
         return u"--script needs pages whose scripts run: leave out --no-script"_s;
     if (!plan.page.element.isEmpty() && plan.page.windowOnly)
         return u"--selector and --visible-only exclude each other: leave out one"_s;
+    if (plan.page.delay >= PageRun::timeoutOf(plan.page))
+        return u"no page is ready within --timeout when --delay takes all of it: shorten the delay"_s;
     if (plan.outputFolder.isEmpty()) return u"the output folder has no name: give one with --output"_s;
     return overwritten(plan);
 }

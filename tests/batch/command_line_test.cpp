@@ -113,6 +113,7 @@ TEST(CommandLine, WhatMakesNoSenseIsRefused)
                                       {u"a.txt"_s, u"--delay"_s, u"-1"_s},
                                       {u"a.txt"_s, u"--timeout"_s, u"0"_s},
                                       {u"a.txt"_s, u"--timeout"_s, u"nan"_s},
+                                      {u"a.txt"_s, u"--timeout"_s, u"5"_s, u"--delay"_s, u"5"_s},
                                       {u"a.txt"_s, u"--config"_s, u"/no/such/Config.Ini"_s},
                                       {u"a.txt"_s, u"-f"_s, u"png,webp"_s},
                                       {u"a.txt"_s, u"-j"_s, u"0"_s},
