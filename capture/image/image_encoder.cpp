@@ -105,25 +105,6 @@ bool isStripAlready(const PagePicture& picture, ImageFormat format)
            (format == ImageFormat::Jpeg && picture.encoding() == PagePicture::Encoding::Jpeg);
 }
 
-/// A bitmap file runs from the last row to the first, so the strips are decoded one by one from the last.
-QByteArray encodeBitmap(const PagePicture& picture)
-{
-    BitmapWriter writer(picture.size());
-    for (auto strip = picture.strips().crbegin(); strip != picture.strips().crend(); ++strip) {
-        const VImage image = decodeStrip(*strip, picture.encoding()).copy_memory();
-        writer.addRowsAbove(static_cast<const uchar*>(image.data()), image.height());
-    }
-    return writer.take();
-}
-
-QByteArray encodePixels(const VImage& image)
-{
-    const VImage pixels = image.copy_memory();
-    BitmapWriter writer({pixels.width(), pixels.height()});
-    writer.addRowsAbove(static_cast<const uchar*>(pixels.data()), pixels.height());
-    return writer.take();
-}
-
 Result<QByteArray> largeGif(const VImage& image)
 {
     return gifOfPalettePng(bytesOf(image.pngsave_buffer(VImage::option()
@@ -142,7 +123,10 @@ Result<void> writeTo(PictureSink& sink, const Result<QByteArray>& file)
 
 Result<void> encode(const VImage& image, ImageFormat format, int quality, PictureSink& sink)
 {
-    if (format == ImageFormat::Bmp) return writeTo(sink, encodePixels(image));
+    if (format == ImageFormat::Bmp) {
+        writeBitmap(image, sink);
+        return {};
+    }
     if (format == ImageFormat::Gif && qint64(image.width()) * image.height() > kLargestGifFrame)
         return writeTo(sink, largeGif(image));
     save(image, format, quality, sink);
@@ -183,7 +167,7 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending)
 Result<void> checkFits(QSize size, ImageFormat format)
 {
     const int side = std::max(size.width(), size.height());
-    const bool small = format != ImageFormat::Bmp || BitmapWriter::fileBytes(size) <= kLargestBitmapFile;
+    const bool small = format != ImageFormat::Bmp || bitmapFileBytes(size) <= kLargestBitmapFile;
     if (side <= longestSide(format) && small) return {};
     return Error{Error::Kind::TooLarge,
                  u"the format cannot hold a picture of %1 x %2 px"_s.arg(size.width()).arg(size.height()),
@@ -196,7 +180,6 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
     if (!fits) return fits;
     return guarded(device, [&](PictureSink& sink) -> Result<void> {
         if (isStripAlready(picture, format)) return writeTo(sink, picture.strips().front());
-        if (format == ImageFormat::Bmp) return writeTo(sink, encodeBitmap(picture));
         return encode(decode(picture), format, quality, sink);
     });
 }
