@@ -1,14 +1,15 @@
 #pragma once
 
-#include "platform/result.h"
+#include "capture/image/picture_sink.h"
 
-#include <QByteArray>
+#include <functional>
 
 namespace vistrel
 {
 
-/// A GIF file of one frame made of a PNG file with a palette of at most 256 colours. It has no limit below
-/// the format's own 65,535 px a side. Error::Kind::Format when png is none such.
-Result<QByteArray> gifOfPalettePng(const QByteArray& png);
+/// Writes a GIF file of one frame with a palette made for it, dithered where the palette lacks a colour. open
+/// gives the picture, of at most 65,535 px a side, to be read from the top; it is asked twice. Error::Kind::
+/// Format when no file can be made; throws vips::VError.
+Result<void> writeGif(const std::function<vips::VImage()>& open, PictureSink& sink);
 
 } // namespace vistrel

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -21,8 +22,7 @@ namespace vistrel
 namespace
 {
 
-constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL;     // Its header has 32 bits for the length.
-constexpr qint64 kLargestGifFrame = 25LL * 1000 * 1000; // libvips refuses larger ones.
+constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL; // Its header has 32 bits for the length.
 // Of 1 to 9: on real pages 1 takes half the time of 6 for a seventh more bytes.
 constexpr int kJoinedPngCompression = 1;
 constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
@@ -59,32 +59,6 @@ VImage decode(const PagePicture& picture)
     return image;
 }
 
-QByteArray bytesOf(VipsBlob* blob)
-{
-    size_t length = 0;
-    const void* data = vips_blob_get(blob, &length);
-    QByteArray bytes(static_cast<const char*>(data), qsizetype(length));
-    vips_area_unref(VIPS_AREA(blob));
-    return bytes;
-}
-
-void save(const VImage& image, ImageFormat format, int quality, PictureSink& sink)
-{
-    auto* options = VImage::option()->set("strip", true);
-    switch (format) {
-    case ImageFormat::Png:
-        return image.pngsave_target(sink.target(), options->set("compression", kJoinedPngCompression));
-    case ImageFormat::Jpeg:
-        return image.jpegsave_target(sink.target(), options->set("Q", std::clamp(quality, 1, 100)));
-    case ImageFormat::Gif: return image.gifsave_target(sink.target(), options);
-    case ImageFormat::Tiff:
-        return image.tiffsave_target(sink.target(),
-                                     options->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
-                                         ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
-    case ImageFormat::Bmp: delete options; return;
-    }
-}
-
 /// Longest side that the format can hold, px.
 int longestSide(ImageFormat format)
 {
@@ -105,31 +79,25 @@ bool isStripAlready(const PagePicture& picture, ImageFormat format)
            (format == ImageFormat::Jpeg && picture.encoding() == PagePicture::Encoding::Jpeg);
 }
 
-Result<QByteArray> largeGif(const VImage& image)
+/// open gives the picture, to be read from the top; it may be asked more than once.
+Result<void> encode(const std::function<VImage()>& open, ImageFormat format, int quality, PictureSink& sink)
 {
-    return gifOfPalettePng(bytesOf(image.pngsave_buffer(VImage::option()
-                                                            ->set("palette", true)
-                                                            ->set("dither", 1.0)
-                                                            ->set("compression", 1)
-                                                            ->set("strip", true))));
-}
-
-Result<void> writeTo(PictureSink& sink, const Result<QByteArray>& file)
-{
-    if (!file) return file.error();
-    sink.write(file->constData(), file->size());
-    return {};
-}
-
-Result<void> encode(const VImage& image, ImageFormat format, int quality, PictureSink& sink)
-{
-    if (format == ImageFormat::Bmp) {
-        writeBitmap(image, sink);
-        return {};
+    const auto options = [] { return VImage::option()->set("strip", true); };
+    switch (format) {
+    case ImageFormat::Png:
+        open().pngsave_target(sink.target(), options()->set("compression", kJoinedPngCompression));
+        break;
+    case ImageFormat::Jpeg:
+        open().jpegsave_target(sink.target(), options()->set("Q", std::clamp(quality, 1, 100)));
+        break;
+    case ImageFormat::Gif: return writeGif(open, sink);
+    case ImageFormat::Bmp: writeBitmap(open(), sink); break;
+    case ImageFormat::Tiff:
+        open().tiffsave_target(sink.target(), options()
+                                                  ->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
+                                                  ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
+        break;
     }
-    if (format == ImageFormat::Gif && qint64(image.width()) * image.height() > kLargestGifFrame)
-        return writeTo(sink, largeGif(image));
-    save(image, format, quality, sink);
     return {};
 }
 
@@ -179,8 +147,11 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
     const auto fits = checkFits(picture.size(), format);
     if (!fits) return fits;
     return guarded(device, [&](PictureSink& sink) -> Result<void> {
-        if (isStripAlready(picture, format)) return writeTo(sink, picture.strips().front());
-        return encode(decode(picture), format, quality, sink);
+        if (!isStripAlready(picture, format))
+            return encode([&] { return decode(picture); }, format, quality, sink);
+        const QByteArray& strip = picture.strips().front();
+        sink.write(strip.constData(), strip.size());
+        return {};
     });
 }
 
@@ -195,8 +166,9 @@ Result<void> encodeThumbnail(const PagePicture& picture, ImageFormat format, int
                      {}};
     const auto fits = checkFits(size, format);
     if (!fits) return fits;
-    return guarded(device,
-                   [&](PictureSink& sink) { return encode(shrink(picture, size), format, quality, sink); });
+    return guarded(device, [&](PictureSink& sink) {
+        return encode([&] { return shrink(picture, size); }, format, quality, sink);
+    });
 }
 
 } // namespace vistrel

@@ -5,8 +5,8 @@
 
 # shellcheck disable=SC2034  # The scripts that source this file read the lists.
 build_packages=(cmake ninja-build g++ pkg-config
-    qt6-base-dev libgl-dev qcoro-qt6-dev libvips-dev libcgif-dev libcli11-dev libsqlite3-dev libssl-dev
-    zlib1g-dev)
+    qt6-base-dev libgl-dev qcoro-qt6-dev libvips-dev libcli11-dev libgif-dev libimagequant-dev
+    libsqlite3-dev libssl-dev zlib1g-dev)
 
 # The fonts are those that pages without fonts of their own need: Latin, Arabic, Chinese, Japanese, Korean, emoji.
 # The certificates are for fetching sitemaps.
