@@ -34,11 +34,13 @@ QStringList quietArguments()
         u"--disable-features=Translate,MediaRouter,OptimizationHints,HttpsUpgrades,DialMediaRouteProvider"_s};
 }
 
-/// The same picture on every machine, drawn at full speed in a window that nobody sees.
+/// The same picture on every machine, drawn at full speed in a window that nobody sees. Animated images show
+/// their first frame. What lies outside of the window is drawn too, for pictures of whole pages: the
+/// protocol's own captureBeyondViewport lays a page out in a window of one pixel in between, which shows.
 QStringList drawingArguments()
 {
     return {u"--hide-scrollbars"_s,
-            u"--blink-settings=imageAnimationPolicy=2"_s, // Animated images show their first frame.
+            u"--blink-settings=imageAnimationPolicy=2,mainFrameClipsContent=false"_s,
             u"--disable-gpu"_s,
             u"--force-color-profile=srgb"_s,
             u"--font-render-hinting=none"_s,

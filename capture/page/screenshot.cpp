@@ -27,7 +27,7 @@ QJsonObject stripParams(QRect strip, const ShotSettings& settings)
                            {u"width"_s, strip.width()},
                            {u"height"_s, strip.height()},
                            {u"scale"_s, 1}};
-    QJsonObject params{{u"captureBeyondViewport"_s, true}, {u"clip"_s, clip}};
+    QJsonObject params{{u"clip"_s, clip}};
     if (settings.encoding == PagePicture::Encoding::Jpeg) {
         params.insert(u"format"_s, u"jpeg"_s);
         params.insert(u"quality"_s, settings.jpegQuality);

@@ -122,6 +122,15 @@ TEST_F(PagePictures, LazyPartsAreThere)
     }
 }
 
+TEST_F(PagePictures, ThePageDoesNotNoticeItsPicture)
+{
+    const QImage page = image(captureHtml(
+        "<!doctype html><body style='margin:0;height:5000px;background:green'><script>"
+        "const spoil = () => document.body.style.background = 'red'; addEventListener('resize', spoil);"
+        "matchMedia('(max-width: 9px)').addEventListener('change', spoil)</script>"));
+    EXPECT_EQ(pixel(page, 20, 4900), kGreen);
+}
+
 TEST_F(PagePictures, EndlessScrollingEnds)
 {
     PageRequest request;
