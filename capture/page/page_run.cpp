@@ -33,8 +33,6 @@ constexpr int kDone = 100;
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
 /// No page slows this down; a browser that takes longer is lost, and the page with another one is not.
 constexpr std::chrono::milliseconds kOpenLimit = std::chrono::seconds(10);
-constexpr Session::Limit kQuietLimit =
-    std::chrono::seconds(3);             // Long polls never end, and none waits for them.
 constexpr int kProxyWantsPassword = 407; // Of HTTP; no page of the address.
 constexpr int kMostDocuments = 4;        // That a page may lead through by itself.
 constexpr int kMostShots = 2;            // Of a page that changes its address while it is drawn.
@@ -263,11 +261,8 @@ Task<Result<void>> PageRun::settle()
         const QString document = m_watch->loaderId();
         const auto adapted = co_await adapt();
         if (!adapted) co_return adapted.error();
-        const auto growth = co_await settlePage(m_session, m_watch->mainFrame());
+        const auto growth = co_await settlePage(m_session, *m_watch);
         if (!m_session->isOpen()) co_return growth.error();
-        const auto quiet = co_await m_session->until([this] { return m_watch->isQuiet(); }, kQuietLimit,
-                                                     u"the page's requests"_s);
-        if (!m_session->isOpen()) co_return quiet.error();
         const auto grown = co_await growWindow(growth && !m_request.windowOnly ? *growth : 0);
         if (!grown) co_return grown.error();
         if (m_watch->loaderId() == document && !m_watch->isLeaving()) {

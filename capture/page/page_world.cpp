@@ -22,8 +22,10 @@ Task<Result<PageWorld>> PageWorld::enter(std::shared_ptr<Session> session, QStri
 
 Task<Result<QJsonValue>> PageWorld::evaluate(QString expression) const
 {
-    const QJsonObject params{
-        {u"expression"_s, expression}, {u"contextId"_s, m_context}, {u"returnByValue"_s, true}};
+    const QJsonObject params{{u"expression"_s, expression},
+                             {u"contextId"_s, m_context},
+                             {u"awaitPromise"_s, true},
+                             {u"returnByValue"_s, true}};
     const auto reply = co_await m_session->call(u"Runtime.evaluate"_s, params, kScriptLimit);
     if (!reply) co_return reply.error();
     const QJsonValue exception = reply->result.value(u"exceptionDetails"_s)[u"exception"][u"description"];

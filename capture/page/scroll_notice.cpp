@@ -40,7 +40,7 @@ QString noticesScript()
                 return false;
             return frame.contentDocument === null || notices(frame.contentWindow);
         };
-        return notices(window);
+        return !matchMedia('(scripting: none)').matches && notices(window);
     })())js"_s;
 }
 

@@ -13,9 +13,9 @@ namespace vistrel
 /// effect in order, so it may be posted right before a navigation.
 void noteScrollWatchers(Session& session);
 
-/// Whether the document could notice that it is scrolled: it listens for scrolling, watches what comes into
-/// view, or has parts that cannot be asked (frames of other origins, shadow trees). A page that hinders the
-/// question is said to.
+/// Whether the document could notice that it is scrolled: its scripts run, and it listens for scrolling,
+/// watches what comes into view, or has parts that cannot be asked (frames of other origins, shadow trees). A
+/// page that hinders the question is said to.
 Task<Result<bool>> noticesScrolling(std::shared_ptr<Session> session);
 
 } // namespace vistrel

@@ -16,17 +16,23 @@ namespace
 {
 
 constexpr Session::Limit kScrollLimit = std::chrono::seconds(5);
-constexpr Session::Limit kRestLimit = std::chrono::seconds(3); // For fonts and images.
+constexpr Session::Limit kImageLimit = std::chrono::seconds(6); // For images and fonts.
+constexpr Session::Limit kQuietLimit = std::chrono::seconds(3); // For requests: long polls never end.
 constexpr Session::Limit kFrame = std::chrono::milliseconds(17);
 constexpr int kMostGrownWindows = 20; // Endless pages grow while they are scrolled through.
 
-/// Scrolls to a height, px, and tells how high the page and the window are.
+/// Scrolls to a height, px. Tells how high the page and the window are once a frame is drawn there and the
+/// page's observers have been told what is in sight, as ours is among them.
 QString scrollScript(int top)
 {
-    return uR"js((() => {
+    return uR"js((async () => {
         const root = document.scrollingElement || document.documentElement;
         if (!root) return {height: 0, window: 1};
         window.scrollTo({top: %1, left: 0, behavior: 'instant'});
+        await new Promise(drawn => new IntersectionObserver((sights, observer) => {
+            observer.disconnect();
+            drawn();
+        }).observe(document.documentElement));
         return {height: Math.max(root.scrollHeight, document.documentElement.scrollHeight), window: innerHeight};
     })())js"_s.arg(top);
 }
@@ -73,44 +79,66 @@ QString freezeScript()
     })())js"_s;
 }
 
+/// What the page loses on the way moves all below it up, past the window: so much is gone back.
 Task<Result<void>> scrollThrough(PageWorld world)
 {
     auto seen = co_await world.evaluate(scrollScript(0));
     if (!seen) co_return seen.error();
     const int window = std::max(1, (*seen)[u"window"].toInt());
-    const int lowest = (*seen)[u"height"].toInt() + kMostGrownWindows * window;
+    int height = (*seen)[u"height"].toInt();
+    const int lowest = height + kMostGrownWindows * window;
     const QDeadlineTimer end(kScrollLimit);
-    for (int top = window; top < std::min((*seen)[u"height"].toInt(), lowest) && !end.hasExpired();
-         top += window) {
+    for (int top = window; top < std::min(height, lowest) && !end.hasExpired();) {
         seen = co_await world.evaluate(scrollScript(top));
         if (!seen) co_return seen.error();
-        const auto paused = co_await world.session()->pause(kFrame);
-        if (!paused) co_return paused.error();
+        const int lost = height - (*seen)[u"height"].toInt();
+        height -= lost;
+        top = lost > 0 ? std::max(0, top - lost) : top + window;
     }
     const auto back = co_await world.evaluate(scrollScript(0));
     if (!back) co_return back.error();
     co_return Result<void>();
 }
 
-/// The page's hidden part, see stateScript(), once fonts and images are there or the wait is over.
-Task<Result<int>> waitForRest(PageWorld world)
+/// Until no request is under way, or end; and then for a frame, in which the page may ask for more.
+Task<Result<void>> waitForRequests(std::shared_ptr<Session> session, const PageWatch& watch,
+                                   QDeadlineTimer end)
 {
-    const QDeadlineTimer end(kRestLimit);
-    for (;;) {
+    const auto quiet = co_await session->until([&watch] { return watch.isQuiet(); },
+                                               Session::Limit(end.remainingTime()), u"the page's requests"_s);
+    if (!session->isOpen()) co_return quiet.error();
+    const auto paused = co_await session->pause(kFrame);
+    if (!paused) co_return paused.error();
+    co_return Result<void>();
+}
+
+/// The page's hidden part, see stateScript(), once fonts, images and requests are there or the wait is over.
+/// What has just arrived may make the page ask for more: after a wait, rest must last for two looks.
+Task<Result<int>> waitForRest(PageWorld world, const PageWatch& watch)
+{
+    const QDeadlineTimer imageEnd(kImageLimit);
+    const QDeadlineTimer quietEnd(kQuietLimit);
+    bool rested = true;
+    for (int requests = watch.requestCount();;) {
         const auto state = co_await world.evaluate(stateScript());
         if (!state) co_return state.error();
-        if (!(*state)[u"restless"].toBool() || end.hasExpired()) co_return (*state)[u"hidden"].toInt();
-        const auto paused = co_await world.session()->pause(kFrame);
-        if (!paused) co_return paused.error();
+        const bool restless = (*state)[u"restless"].toBool();
+        const bool resting = !restless && watch.isQuiet() && watch.requestCount() == requests;
+        const bool over = restless ? imageEnd.hasExpired() : quietEnd.hasExpired();
+        if ((resting && rested) || over) co_return (*state)[u"hidden"].toInt();
+        rested = resting;
+        requests = watch.requestCount();
+        const auto waited = co_await waitForRequests(world.session(), watch, quietEnd);
+        if (!waited) co_return waited.error();
     }
 }
 
 } // namespace
 
-Task<Result<int>> settlePage(std::shared_ptr<Session> session, QString frameId)
+Task<Result<int>> settlePage(std::shared_ptr<Session> session, const PageWatch& watch)
 {
     auto notices = noticesScrolling(session);
-    const auto world = co_await PageWorld::enter(session, std::move(frameId));
+    const auto world = co_await PageWorld::enter(session, watch.mainFrame());
     if (!world) co_return world.error();
     const auto noticing = co_await std::move(notices);
     if (!noticing) co_return noticing.error();
@@ -118,7 +146,7 @@ Task<Result<int>> settlePage(std::shared_ptr<Session> session, QString frameId)
         const auto scrolled = co_await scrollThrough(*world);
         if (!scrolled) co_return scrolled.error();
     }
-    co_return co_await waitForRest(*world);
+    co_return co_await waitForRest(*world, watch);
 }
 
 Task<Result<void>> freezePage(std::shared_ptr<Session> session, QString frameId)

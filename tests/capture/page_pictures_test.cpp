@@ -1,6 +1,7 @@
 #include "tests/capture/page_fixture.h"
 
 #include <QFile>
+#include <QTimer>
 
 using namespace vistrel;
 
@@ -103,23 +104,46 @@ TEST_F(PagePictures, FixedAndStickyPartsAppearOnceAndFullHeightSectionsKeepTheWi
 
 TEST_F(PagePictures, LazyPartsAreThere)
 {
-    server.on(u"/red.svg"_s, [](Exchange& exchange) {
-        exchange.reply(
-            "<svg xmlns='http://www.w3.org/2000/svg' width='40' height='40'><rect width='40' height='40' "
-            "fill='red'/></svg>",
-            "image/svg+xml");
-    });
+    const auto redAfter = [](std::chrono::milliseconds wait) {
+        return [wait](Exchange& exchange) {
+            QTimer::singleShot(wait, &exchange.socket(), [&socket = exchange.socket()] {
+                Exchange(socket, "GET / HTTP/1.1")
+                    .reply("<svg xmlns='http://www.w3.org/2000/svg' width='40' height='40'>"
+                           "<rect width='40' height='40' fill='red'/></svg>",
+                           "image/svg+xml");
+            });
+        };
+    };
+    server.on(u"/red.svg"_s, redAfter(100ms));
+    server.on(u"/late.svg"_s, redAfter(800ms));
     const QByteArray lazy = "<img loading=lazy src=/red.svg width=40 height=40 style='display:block'>";
     const QByteArray watched =
         "<div id=late style='height:40px;width:40px'></div><script>new IntersectionObserver(all => {"
         "if (all[0].isIntersecting) late.style.background = 'red'; }).observe(late)</script>";
+    const QByteArray fetched =
+        "<div id=late></div><script>const show = () => late.innerHTML = '<img src=/late.svg>';"
+        "fetch('/red.svg').then(answer => answer.text()).then(() => setTimeout(show, 5))</script>";
     const QByteArray frame = "<iframe style='border:0;display:block' srcdoc='<body style=margin:0>"
                              "<img loading=lazy src=/red.svg>'></iframe>";
-    for (const QByteArray& part : {lazy, watched, frame}) {
+    for (const QByteArray& part : {lazy, watched, fetched, frame}) {
         const QByteArray html =
             "<!doctype html><body style='margin:0'><div style='height:8000px'></div>" + part;
         EXPECT_EQ(pixel(image(captureHtml(html)), 20, 8020), kRed) << part.constData();
     }
+}
+
+TEST_F(PagePictures, PartsThatShrinkOnTheWayHideNoOthers)
+{
+    const QImage page =
+        image(captureHtml("<!doctype html><style>p { margin:0; height:800px; background:red }</style>"
+                          "<body style='margin:0'>" +
+                          QByteArray("<p></p>").repeated(12) +
+                          "<script>const watch = new IntersectionObserver(all => { for (const one of all) {"
+                          "if (one.isIntersecting) one.target.style.background = 'green';"
+                          "else if (one.target.style.background) one.target.style.height = '100px'; } });"
+                          "for (const part of document.querySelectorAll('p')) watch.observe(part)</script>"));
+    for (int y = 50; y < page.height(); y += 100)
+        EXPECT_EQ(pixel(page, 20, y), kGreen) << "was not seen: " << y;
 }
 
 TEST_F(PagePictures, ThePageDoesNotNoticeItsPicture)
