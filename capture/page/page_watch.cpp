@@ -59,8 +59,10 @@ void PageWatch::answerDialog(const QJsonObject& params)
     if (++m_dialogs > kMostDialogs) giveUp(Error::Kind::Page, u"the page opens dialog after dialog"_s);
 }
 
+/// What no loader fetches is a worker's own script, whose arrival is told to the worker alone.
 void PageWatch::countRequest(const QJsonObject& params)
 {
+    if (params[u"loaderId"].toString().isEmpty()) return;
     m_requests.insert(params[u"requestId"].toString());
     ++m_requestCount;
 }

@@ -138,6 +138,10 @@ TEST_F(PageOptions, ThePictureWaitsForWhatItIsToldToWaitFor)
         captureHtml("<!doctype html><script>setInterval(() => fetch('/x'), 50)</script>", idle);
     ASSERT_TRUE(polling.ok()) << polling.error().text().toStdString();
     EXPECT_TRUE(polling->warnings.join(u' ').contains(u"fetching"_s));
+    const auto working =
+        captureHtml("<!doctype html><script>new Worker(URL.createObjectURL(new Blob(['0'])))</script>", idle);
+    ASSERT_TRUE(working.ok()) << working.error().text().toStdString();
+    EXPECT_TRUE(working->warnings.isEmpty()) << working->warnings.join(u' ').toStdString();
 }
 
 TEST_F(PageOptions, HeadersAndCookiesReachTheOwnHostAlone)
