@@ -7,6 +7,7 @@
 
 #include <QCoroFuture>
 #include <QFileInfo>
+#include <QTimer>
 #include <QtConcurrentRun>
 
 #include <algorithm>
@@ -20,10 +21,8 @@ namespace
 {
 
 constexpr qint64 kMebibyte = 1024 * 1024;
-constexpr qint64 kMemoryPerPage = 400 * kMebibyte;
 /// Below this no further page is opened while others are.
 constexpr qint64 kMemoryReserve = 300 * kMebibyte;
-constexpr int kMostAutomaticJobs = 16;
 
 /// 1, 2, 4, ... up to 60 s before another attempt.
 std::chrono::milliseconds pauseBefore(int attempt)
@@ -32,13 +31,6 @@ std::chrono::milliseconds pauseBefore(int attempt)
 }
 
 } // namespace
-
-int automaticJobs()
-{
-    const qint64 byMemory = availableMemoryBytes() / kMemoryPerPage;
-    const qint64 byCores = 2LL * QThread::idealThreadCount();
-    return int(std::clamp<qint64>(std::min(byMemory, byCores), 1, kMostAutomaticJobs));
-}
 
 BatchRun::BatchRun(Plan plan, std::unique_ptr<Journal> journal, Streams& streams)
     : m_plan(std::move(plan)),
@@ -96,15 +88,24 @@ Task<Result<void>> BatchRun::fill()
 
 Task<> BatchRun::convertAll()
 {
-    const int jobs = m_plan.jobs > 0 ? m_plan.jobs : automaticJobs();
-    QList<Completion<void>> workers;
-    for (int i = 0; i < jobs; ++i)
-        work(workers.emplaceBack());
-    for (const Completion<void>& worker : std::as_const(workers))
-        (void)co_await worker;
+    QTimer growth;
+    AutomaticJobs automatic;
+    QObject::connect(&growth, &QTimer::timeout, [&] {
+        if (m_working > 0) addWorkers(automatic.growth(m_working));
+    });
+    if (m_plan.jobs == 0) growth.start(AutomaticJobs::kInterval);
+    addWorkers(m_plan.jobs > 0 ? m_plan.jobs : AutomaticJobs::first());
+    (void)co_await m_allDone;
 }
 
-Task<> BatchRun::work(Completion<void> finished)
+void BatchRun::addWorkers(int count)
+{
+    m_working += count;
+    for (int i = 0; i < count; ++i)
+        work();
+}
+
+Task<> BatchRun::work()
 {
     for (;;) {
         auto next = co_await m_queue.take();
@@ -112,7 +113,7 @@ Task<> BatchRun::work(Completion<void> finished)
         if (!next || !*next) break;
         co_await convert(**next);
     }
-    finished.settle({});
+    if (--m_working == 0) m_allDone.settle({});
 }
 
 Task<> BatchRun::convert(PendingEntry entry)

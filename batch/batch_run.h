@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/automatic_jobs.h"
 #include "batch/browser_pool.h"
 #include "batch/contact_sheet.h"
 #include "batch/entry_conversion.h"
@@ -37,7 +38,8 @@ private:
     [[nodiscard]] Result<void> prepareFiles();
     Task<Result<void>> fill();
     Task<> convertAll();
-    Task<> work(Completion<void> finished);
+    void addWorkers(int count);
+    Task<> work();
     Task<> convert(PendingEntry entry);
     Task<> settle(PendingEntry entry, Attempt attempt);
     Task<> record(PendingEntry entry, Outcome outcome);
@@ -55,11 +57,10 @@ private:
     ReportFile m_report;
     ContactSheet m_sheet;
     QList<std::shared_ptr<EntryConversion>> m_conversions; // Those under way.
+    int m_working = 0;                                     // Workers, each with one page at a time.
+    Completion<void> m_allDone;                            // Settled when the last of them ends.
     std::optional<ExitCode> m_stopped;
     bool m_hasEntries = false;
 };
-
-/// Pages at a time that suit this machine.
-[[nodiscard]] int automaticJobs();
 
 } // namespace vistrel

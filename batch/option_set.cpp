@@ -229,7 +229,9 @@ void OptionSet::defineRequests(Arguments& given)
 
 void OptionSet::defineRun(Arguments& given)
 {
-    m_app.add_option("-j,--jobs", given.jobs, "Pages at a time, or auto: by cores and memory")
+    m_app
+        .add_option("-j,--jobs", given.jobs,
+                    "Pages at a time, or auto: by cores and memory, more while the machine is idle")
         ->type_name("N")
         ->check(check(readJobs))
         ->capture_default_str()

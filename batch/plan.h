@@ -30,7 +30,7 @@ struct Plan {
 
     // ---- How the run goes about it ----
     BrowserOptions browser;
-    int jobs = 0;                              ///< Pages at a time; 0: by this machine's cores and memory.
+    int jobs = 0;                              ///< Pages at a time; 0: as many as the machine can bear.
     int perHost = 0;                           ///< Pages of one host at a time; 0: any number.
     std::chrono::milliseconds perHostDelay{0}; ///< Between the visits to two pages of one host.
     int retries = 0;                           ///< Further attempts after a fault that can pass.

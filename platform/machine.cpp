@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -62,5 +65,28 @@ qint64 groupMemory()
 } // namespace
 
 qint64 availableMemoryBytes() { return std::min(machineMemory(), groupMemory()); }
+
+// /proc/stat begins with "cpu" and the ticks of all processors: user, nice, system, idle, iowait, irq,
+// softirq, steal, and two that the first ones hold already.
+IdleMeter::Ticks IdleMeter::ticks()
+{
+    const QByteArray content = contentOf(u"/proc/stat"_s);
+    const QByteArrayList fields =
+        content.first(std::max<qsizetype>(content.indexOf('\n'), 0)).simplified().split(' ');
+    Ticks ticks;
+    for (qsizetype field = 1; field <= 8; ++field)
+        ticks.all += fields.value(field).toLongLong();
+    ticks.idle = fields.value(4).toLongLong() + fields.value(5).toLongLong();
+    const bool niced = getpriority(PRIO_PROCESS, 0) > 0;
+    if (!niced) ticks.idle += fields.value(2).toLongLong(); // Niced programs give way to us.
+    return ticks;
+}
+
+double IdleMeter::share()
+{
+    const Ticks before = std::exchange(m_last, ticks());
+    const qint64 all = m_last.all - before.all;
+    return all > 0 ? std::clamp(double(m_last.idle - before.idle) / double(all), 0.0, 1.0) : 0;
+}
 
 } // namespace vistrel
