@@ -2,6 +2,7 @@
 
 #include "capture/image/bitmap_writer.h"
 #include "capture/image/gif_writer.h"
+#include "capture/image/jpeg_joiner.h"
 #include "capture/image/picture_sink.h"
 #include "capture/image/strip_decoder.h"
 
@@ -63,7 +64,7 @@ VImage decode(const PagePicture& picture)
 int longestSide(ImageFormat format)
 {
     switch (format) {
-    case ImageFormat::Jpeg: return 65500; // The library's own limit, below the format's 65,535.
+    case ImageFormat::Jpeg: return 65500; // Decoders refuse more, though the format goes up to 65,535.
     case ImageFormat::Gif: return 65535;
     case ImageFormat::Png:
     case ImageFormat::Bmp:
@@ -72,11 +73,19 @@ int longestSide(ImageFormat format)
     return 1000000; // libpng's default.
 }
 
-bool isStripAlready(const PagePicture& picture, ImageFormat format)
+/// Whether the strips need no decoding to become one file of the format asked for.
+bool isEncoded(const PagePicture& picture, ImageFormat format)
 {
-    if (picture.strips().size() != 1) return false;
-    return (format == ImageFormat::Png && picture.encoding() == PagePicture::Encoding::Png) ||
-           (format == ImageFormat::Jpeg && picture.encoding() == PagePicture::Encoding::Jpeg);
+    const bool single = picture.strips().size() == 1;
+    return picture.encoding() == PagePicture::Encoding::Jpeg ? format == ImageFormat::Jpeg
+                                                             : format == ImageFormat::Png && single;
+}
+
+/// The file of such a picture.
+Result<QByteArray> encodedFile(const PagePicture& picture)
+{
+    if (picture.strips().size() == 1) return picture.strips().first();
+    return joinJpegStrips(picture.strips());
 }
 
 /// open gives the picture, to be read from the top; it may be asked more than once.
@@ -147,10 +156,11 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
     const auto fits = checkFits(picture.size(), format);
     if (!fits) return fits;
     return guarded(device, [&](PictureSink& sink) -> Result<void> {
-        if (!isStripAlready(picture, format))
+        if (!isEncoded(picture, format))
             return encode([&] { return decode(picture); }, format, quality, sink);
-        const QByteArray& strip = picture.strips().front();
-        sink.write(strip.constData(), strip.size());
+        const auto file = encodedFile(picture);
+        if (!file) return file.error();
+        sink.write(file->constData(), file->size());
         return {};
     });
 }

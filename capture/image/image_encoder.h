@@ -20,7 +20,8 @@ Result<void> checkFits(QSize size, ImageFormat format);
 
 /// Writes the image file to device, which is open for reading and writing, of random access and at its start.
 /// PNG and TIFF are lossless, BMP has 24 bits, GIF 256 dithered colours; quality, 1 to 100, is for JPEG. A
-/// picture that already is one strip in the format asked for is handed out as it stands.
+/// picture that already is one strip in the format asked for is handed out as it stands; strips of JPEG
+/// become one JPEG file without a loss, in the quality that they have.
 ///
 /// Errors: those of checkFits(), Format when a strip cannot be decoded, and Io when device does not take all;
 /// it may hold a part of the file then. May be called on any thread, and writes from others.

@@ -1,5 +1,7 @@
 #include "capture/image/page_picture.h"
 
+#include "capture/image/jpeg_segment.h"
+
 #include <QtEndian>
 
 using namespace Qt::StringLiterals;
@@ -13,9 +15,9 @@ namespace
 Error damaged() { return {Error::Kind::Format, u"the browser's picture is damaged"_s, {}}; }
 
 template<typename T>
-T bigEndianAt(const QByteArray& bytes, qsizetype position)
+T bigEndianAt(QByteArrayView bytes, qsizetype position)
 {
-    return qFromBigEndian<T>(bytes.constData() + position);
+    return qFromBigEndian<T>(bytes.data() + position);
 }
 
 // PNG: signature, then the IHDR chunk with width and height (ISO/IEC 15948, 11.2.2); IEND closes a whole
@@ -32,15 +34,16 @@ bool isFrameHeader(uchar marker)
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
-// JPEG: segments FF marker length; the frame header holds height and width (ITU-T T.81, B.2.2).
+// JPEG: the frame header holds height and width (ITU-T T.81, B.2.2).
 Result<QSize> jpegSize(const QByteArray& file)
 {
-    constexpr QByteArrayView start("\xFF\xD8");
-    if (!file.startsWith(start) || !file.endsWith("\xFF\xD9")) return damaged();
-    for (qsizetype at = 2; at + 9 <= file.size() && uchar(file[at]) == 0xFF;) {
-        if (isFrameHeader(uchar(file[at + 1])))
-            return QSize(bigEndianAt<quint16>(file, at + 7), bigEndianAt<quint16>(file, at + 5));
-        at += 2 + bigEndianAt<quint16>(file, at + 2);
+    if (!file.startsWith(kJpegStart) || !file.endsWith(kJpegEnd)) return damaged();
+    qsizetype at = kJpegStart.size();
+    while (const auto segment = jpegSegmentAt(file, at)) {
+        if (isFrameHeader(segment->marker) && segment->payload.size() >= 5)
+            return QSize(bigEndianAt<quint16>(segment->payload, 3),
+                         bigEndianAt<quint16>(segment->payload, 1));
+        at += segment->whole.size();
     }
     return damaged();
 }

@@ -329,8 +329,8 @@ Task<Result<PagePicture>> PageRun::shootOnce()
                           m_request.scale};
     const auto checked = checkArea(*area, settings);
     if (!checked) co_return checked.error();
-    if (stripRows(*area, settings) < area->height())
-        settings.encoding = PagePicture::Encoding::Png; // Strips are joined and encoded anew: once is enough.
+    // A JPEG whose pieces would be too large is made of PNGs.
+    if (stripRows(*area, settings) == 0) settings.encoding = PagePicture::Encoding::Png;
     co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {
         report(kReady + (kDone - 1 - kReady) * rows / height);
     });

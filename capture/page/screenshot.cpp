@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -11,8 +12,15 @@ namespace vistrel
 namespace
 {
 
-/// So many CSS px are whole pixels at every scale in hundredths.
-constexpr int kWholePixels = 100;
+/// Rows that are coded together in a JPEG file: strips are joined where they end.
+constexpr int kJpegRows = 16;
+
+/// The fewest CSS px that are whole pixels, and whole kJpegRows of a JPEG.
+int wholeRows(const ShotSettings& settings)
+{
+    const int multiple = 100 * (settings.encoding == PagePicture::Encoding::Jpeg ? kJpegRows : 1);
+    return multiple / std::gcd(multiple, int(std::lround(settings.scale * 100)));
+}
 
 /// 15 s and 1 s for each million pixels.
 Session::Limit drawingLimit(QSize size)
@@ -56,9 +64,8 @@ QRect contentArea(const QJsonObject& content, QSize viewport)
 int stripRows(QRect area, const ShotSettings& settings)
 {
     const double byPixels = double(kMostStripPixels) / (area.width() * settings.scale);
-    const int rows = int(std::clamp(byPixels, 1.0, double(settings.longestSide)) / settings.scale);
-    const int whole = settings.scale == 1 ? 1 : kWholePixels;
-    return std::max(rows / whole, 1) * whole;
+    const int rows = int(std::min(byPixels, double(settings.longestSide)) / settings.scale);
+    return area.height() <= rows ? area.height() : rows - rows % wholeRows(settings);
 }
 
 Task<Result<QRect>> measurePage(std::shared_ptr<Session> session, QSize viewport)

@@ -35,7 +35,9 @@ struct ShotSettings {
 /// Error::Kind::TooLarge for an area whose picture would pass kMostPixels or be wider than longestSide.
 Result<void> checkArea(QRect area, const ShotSettings& settings);
 
-/// How many rows of area, in CSS px, are taken in one piece. Pieces end where a whole pixel does.
+/// How many rows of area, which passed checkArea(), are taken in one piece, in CSS px. Pieces of a PNG end
+/// where a whole pixel does, those of a JPEG where they can be joined; 0 when such a piece would be too
+/// large, which happens to a JPEG of a wide area at an odd scale.
 int stripRows(QRect area, const ShotSettings& settings);
 
 /// Takes area, strip by strip from the top. progress is called after each strip with the rows done so far.

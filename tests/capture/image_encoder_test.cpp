@@ -1,6 +1,7 @@
 #include "capture/image/blank_check.h"
 #include "capture/image/drawing_check.h"
 #include "capture/image/image_encoder.h"
+#include "tests/support/file_of.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -48,17 +49,6 @@ PagePicture picture(const QImage& image, const QList<int>& heights)
         top += height;
     }
     return result;
-}
-
-/// The file that encode, which is given a device, writes there.
-template<typename Encode>
-Result<QByteArray> fileOf(Encode encode)
-{
-    QBuffer buffer;
-    buffer.open(QBuffer::ReadWrite);
-    const Result<void> done = encode(buffer);
-    if (!done) return done.error();
-    return buffer.data();
 }
 
 Result<QByteArray> encodeImage(const PagePicture& source, ImageFormat format, int quality)

@@ -1,4 +1,7 @@
+#include "capture/image/image_encoder.h"
+#include "capture/page/screenshot.h"
 #include "tests/capture/page_fixture.h"
+#include "tests/support/file_of.h"
 
 #include <QFile>
 #include <QTimer>
@@ -45,6 +48,52 @@ TEST_F(PagePictures, TallPagesAreCompleteToTheLastMarker)
             row += strip.height();
         }
         EXPECT_EQ(row, height);
+    }
+}
+
+TEST_F(PagePictures, TallJpegsAreOneFileWithEveryMarkerInItsPlace)
+{
+    QByteArray html = "<!doctype html><body style='margin:0;height:50000px'>";
+    for (int top = 0; top < 50000; top += 1000)
+        html += box(top, top % 2000 == 0 ? "red" : "blue");
+    for (const double scale : {1.0, 1.3}) {
+        PageRequest request;
+        request.encoding = PagePicture::Encoding::Jpeg;
+        request.viewport = {200, 800};
+        request.scale = scale;
+        const auto shot = captureHtml(html, request);
+        ASSERT_TRUE(shot.ok()) << shot.error().text().toStdString();
+        EXPECT_EQ(shot->picture.encoding(), PagePicture::Encoding::Jpeg);
+        EXPECT_GT(shot->picture.strips().size(), 2);
+        const auto file = fileOf(
+            [&](QIODevice& device) { return encodeImage(shot->picture, ImageFormat::Jpeg, 80, device); });
+        ASSERT_TRUE(file.ok()) << file.error().text().toStdString();
+        const QImage page = QImage::fromData(*file);
+        ASSERT_EQ(page.size(), QSize(200, 50000) * scale);
+        for (int y = 0; y < 50000; ++y) {
+            const int place = y % 1000;
+            if (place != 3 && place != 36 && place != 45 && place != 995) continue;
+            const QColor seen(page.pixel(int(20 * scale), int(y * scale)));
+            const int redness = seen.red() - seen.blue();
+            const bool white = std::abs(redness) < 60 && seen.green() > 190;
+            const bool marker = (y % 2000 < 1000 ? redness : -redness) > 190;
+            ASSERT_TRUE(place < 45 ? marker : white) << "row " << y << " at " << scale;
+        }
+    }
+}
+
+TEST_F(PagePictures, StripsOfAJpegEndWhereTheyCanBeJoined)
+{
+    for (const int width : {200, 1280, 5000}) {
+        for (int hundredths = 50; hundredths <= 400; ++hundredths) {
+            const QRect area(0, 0, width, 1000000);
+            const ShotSettings settings{PagePicture::Encoding::Jpeg, 80, 20480, hundredths / 100.0};
+            const int rows = stripRows(area, settings);
+            EXPECT_EQ(rows * hundredths % 1600, 0) << rows << " at " << hundredths;
+            EXPECT_LE(qint64(rows) * width * hundredths * hundredths / 10000, kMostStripPixels) << hundredths;
+            EXPECT_TRUE(rows > 0 || width * hundredths > 400000) << hundredths;
+            EXPECT_EQ(stripRows({0, 0, width, 300}, settings), 300) << hundredths;
+        }
     }
 }
 
