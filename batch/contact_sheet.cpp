@@ -99,6 +99,7 @@ function draw() {
 
 const isState = { all: () => true, converted: e => e.state === 'converted' && !e.note,
   'HTTP error': e => e.note.includes('HTTP'), blank: e => e.note.includes('blank'),
+  doubtful: e => e.state === 'converted' && e.note && !/HTTP|blank/.test(e.note),
   failed: e => e.state === 'failed', skipped: e => e.state === 'skipped' };
 
 function filter() {

@@ -99,6 +99,7 @@ QString noteOn(const PageShot& shot)
     QStringList notes;
     if (shot.httpStatus >= 400) notes += u"HTTP %1"_s.arg(shot.httpStatus);
     if (isBlank(shot.picture)) notes += u"blank, one colour only"_s;
+    notes += shot.warnings;
     return notes.join(u"; "_s);
 }
 

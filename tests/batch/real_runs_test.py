@@ -44,6 +44,14 @@ class Retries(BatchTest):
         self.assertEqual([(entry['attempts'], entry['note']) for entry in entries],
                          [(3, None), (3, 'HTTP 503'), (1, None)])
 
+    def test_what_a_picture_may_lack_stands_in_report_and_summary(self):
+        report, script = self.folder / 'report.jsonl', self.folder / 'script.js'
+        script.write_text('throw new Error("no such element")')
+        code, said = self.run_batch('--script', script, '--report', report, self.write_list([self.server.url('/page')]))
+        self.assertEqual(code, 0, said)
+        self.assertIn('no such element', json.loads(report.read_text())['note'])
+        self.assertRegex(said, '1 converted, but: .*no such element')
+
     def test_failed_entries_are_tried_again_only_when_that_is_asked_for(self):
         broken = True
         self.server.routes['/unsteady'] = lambda e: e.connection.close() if broken else page(e)
