@@ -26,7 +26,7 @@ QString resultLine(const Entry& entry, const Outcome& outcome)
     const QString seconds = QString::number(double(outcome.milliseconds) / 1000, 'f', 1);
     if (outcome.state != EntryState::Converted)
         return u"failed %1%2: %3"_s.arg(text, placeOf(entry), printable(outcome.reason));
-    const QString note = outcome.note.isEmpty() ? QString() : u", "_s + outcome.note;
+    const QString note = outcome.note.isEmpty() ? QString() : u", "_s + printable(outcome.note);
     return u"converted %1 -> %2 (%3 x %4 px, %5 s%6)"_s.arg(
         text, printable(outcome.file), QString::number(outcome.size.width()),
         QString::number(outcome.size.height()), seconds, note);

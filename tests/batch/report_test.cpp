@@ -52,6 +52,10 @@ TEST(Progress, AnAddressIsShownAsItIsWrittenWhateverItHolds)
     progress.finished(entry, converted);
     EXPECT_EQ(shown.str(), "failed http://x.test/%1/%2C%3A%4 (line 7 of %6.txt): it says %1\n"
                            "converted http://x.test/%1/%2C%3A%4 -> %20%5.png (1280 x 800 px, 0.0 s)\n");
+
+    converted.note = u"the script failed: \x1b]0;x\x07"_s; // In the words of a page.
+    progress.finished(entry, converted);
+    EXPECT_EQ(shown.str().find_first_of("\x1b\x07"), std::string::npos);
 }
 
 TEST(Report, ACellCannotBecomeAFormula)
