@@ -98,8 +98,8 @@ function draw() {
 }
 
 const isState = { all: () => true, converted: e => e.state === 'converted' && !e.note,
-  'HTTP error': e => e.note.includes('HTTP'), blank: e => e.note.includes('blank'),
-  doubtful: e => e.state === 'converted' && e.note && !/HTTP|blank/.test(e.note),
+  'HTTP error': e => /^HTTP \d/.test(e.note), blank: e => e.note.includes('blank, one colour'),
+  doubtful: e => e.state === 'converted' && e.note && !isState['HTTP error'](e) && !isState.blank(e),
   failed: e => e.state === 'failed', skipped: e => e.state === 'skipped' };
 
 function filter() {
