@@ -6,6 +6,10 @@
 #include "capture/protocol/pipe_transport.h"
 #include "platform/log.h"
 
+#include <QTimer>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -30,6 +34,10 @@ QProcessEnvironment browserEnvironment(const QString& folder)
     environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
     return environment;
 }
+
+/// Longer than what comes between two pages of a list, short enough for what goes on in a page that is done
+/// with.
+constexpr std::chrono::milliseconds kIdleTime = std::chrono::seconds(1);
 
 QString lastLines(const QByteArray& errors)
 {
@@ -106,6 +114,33 @@ Browser::~Browser() = default;
 Task<Result<std::shared_ptr<PageTarget>>> Browser::openPage(Session::Limit limit)
 {
     return PageTarget::open(shared_from_this(), limit);
+}
+
+void Browser::keepPage(IdlePage page)
+{
+    page.end.setRemainingTime(kIdleTime);
+    m_idlePages.append(std::move(page));
+    QTimer::singleShot(kIdleTime, this, &Browser::closeIdlePages);
+}
+
+std::shared_ptr<PageTarget> Browser::reusePage(const QString& setup)
+{
+    const auto suits = [&setup](const IdlePage& page) { return page.setup == setup; };
+    const auto page = std::find_if(m_idlePages.rbegin(), m_idlePages.rend(), suits);
+    if (page == m_idlePages.rend()) return nullptr;
+    const IdlePage found = *page;
+    m_idlePages.erase(std::next(page).base());
+    return PageTarget::reopen(shared_from_this(), found);
+}
+
+void Browser::closeIdlePages()
+{
+    const auto over = std::stable_partition(m_idlePages.begin(), m_idlePages.end(),
+                                            [](const IdlePage& page) { return !page.end.hasExpired(); });
+    const QList<IdlePage> closed(over, m_idlePages.end());
+    m_idlePages.erase(over, m_idlePages.end());
+    for (const IdlePage& page : closed)
+        PageTarget::reopen(shared_from_this(), page); // Closed with its only reference.
 }
 
 void Browser::kill(const Error& reason)

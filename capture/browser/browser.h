@@ -6,12 +6,23 @@
 #include "platform/process/piped_process.h"
 #include "platform/process/scratch_folder.h"
 
+#include <QDeadlineTimer>
+
 #include <memory>
 
 namespace vistrel
 {
 
 class PageTarget;
+
+/// A page that stands open, with what it showed last, for the next one of its kind.
+struct IdlePage {
+    QString contextId;
+    QString sessionId;
+    QString setup; ///< Names all that was set for it.
+    int uses = 0;
+    QDeadlineTimer end; ///< When it is closed.
+};
 
 /// One running browser: its process, its private profile and its connection. A browser that crashed, closed
 /// its pipe or would not let go of a page is faulty; its owner drops it and launches another.
@@ -36,9 +47,13 @@ public:
     ~Browser() override;
 
     /// Opens an empty page in a browser context of its own: no cookie, no storage and no cache of another
-    /// page.
-    /// Each of the few steps may take limit.
+    /// page. Each of the few steps may take limit.
     Task<Result<std::shared_ptr<PageTarget>>> openPage(Session::Limit limit);
+
+    /// Keeps page open for a moment, in which reusePage() may find it.
+    void keepPage(IdlePage page);
+    /// The page that was kept last under setup; null when there is none.
+    [[nodiscard]] std::shared_ptr<PageTarget> reusePage(const QString& setup);
 
     [[nodiscard]] bool isUsable() const;
     /// Declares the browser unfit for further pages.
@@ -60,12 +75,14 @@ private:
     Result<void> launch(const BrowserOptions& options);
     Result<void> launchProcess(const BrowserOptions& options, const QString& program);
     Error startFailure(const Error& cause) const;
+    void closeIdlePages();
 
     std::optional<Account> m_account;
     // Ended last to first: the connection, then the process, then its folder.
     std::unique_ptr<ScratchFolder> m_folder;
     std::unique_ptr<PipedProcess> m_process;
     std::unique_ptr<Connection> m_connection;
+    QList<IdlePage> m_idlePages; // Added by keepPage(); removed by reusePage(), or when their time is over.
     QString m_product;
     int m_longestSide = 20480; // What Chromium's software drawing has been seen to manage.
     bool m_faulty = false;

@@ -37,6 +37,15 @@ Task<Result<std::shared_ptr<PageTarget>>> PageTarget::open(std::shared_ptr<Brows
     co_return page;
 }
 
+std::shared_ptr<PageTarget> PageTarget::reopen(std::shared_ptr<Browser> browser, const IdlePage& page)
+{
+    const auto session = browser->connection().openSession(page.sessionId);
+    const std::shared_ptr<PageTarget> reopened(new PageTarget(std::move(browser), page.contextId));
+    reopened->m_session = session;
+    reopened->m_uses = page.uses;
+    return reopened;
+}
+
 PageTarget::PageTarget(std::shared_ptr<Browser> browser, QString contextId)
     : m_browser(std::move(browser)), m_contextId(std::move(contextId))
 {
@@ -45,7 +54,13 @@ PageTarget::PageTarget(std::shared_ptr<Browser> browser, QString contextId)
 PageTarget::~PageTarget()
 {
     if (m_session) m_session->end({Error::Kind::Closed, u"the page was closed"_s, {}});
-    dispose(m_browser, m_contextId);
+    if (!m_kept) dispose(m_browser, m_contextId);
+}
+
+void PageTarget::keep(const QString& setup)
+{
+    m_kept = m_uses + 1 < kMostUses;
+    if (m_kept) m_browser->keepPage({m_contextId, m_session->id(), setup, m_uses + 1, {}});
 }
 
 Task<> PageTarget::dispose(std::weak_ptr<Browser> browser, QString contextId)

@@ -6,11 +6,9 @@
 #include "capture/page/page_steps.h"
 #include "capture/page/request_headers.h"
 #include "capture/page/screenshot.h"
-#include "capture/page/scroll_notice.h"
 #include "capture/page/settling.h"
 #include "platform/log.h"
 
-#include <QDeadlineTimer>
 #include <QTimer>
 
 #include <algorithm>
@@ -67,11 +65,28 @@ Task<Result<PageShot>> PageRun::run()
     const auto self = shared_from_this();
     const QDeadlineTimer deadline(m_request.timeout);
     report(0);
+    m_target = reusedTarget();
+    if (m_target) {
+        auto shot = co_await runInTarget(deadline);
+        if (shot || m_cancelled || deadline.hasExpired()) co_return shot;
+        qCInfo(logPage).noquote() << shot.error().text()
+                                  << "in a page that was used before; trying a fresh one";
+        m_attempt = {};
+    }
     const auto opened = co_await open();
     if (!opened) co_return opened.error();
+    co_return co_await runInTarget(deadline);
+}
+
+Task<Result<PageShot>> PageRun::runInTarget(QDeadlineTimer deadline)
+{
+    m_session = m_target->session();
+    if (m_cancelled) m_session->end(cancelled());
+    report(kOpened);
     QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), m_session.get(),
                        [this] { runOut(); });
     auto shot = co_await runOpened();
+    if (shot && mayBeReused()) m_target->keep(nameOfSetup(m_request));
     m_files.reset();
     m_headers.reset();
     m_watch.reset();
@@ -97,7 +112,23 @@ Task<Result<PageShot>> PageRun::runOpened()
     QString title;
     if (m_request.wantsTitle) title = co_await readTitle(m_session, m_watch->mainFrame());
     report(kDone);
-    co_return PageShot{std::move(*picture), m_watch->address(), m_watch->httpStatus(), title, m_warnings};
+    co_return PageShot{std::move(*picture), m_watch->address(), m_watch->httpStatus(), title,
+                       m_attempt.warnings};
+}
+
+std::shared_ptr<PageTarget> PageRun::reusedTarget()
+{
+    const QUrl& address = m_request.addresses.first();
+    // To a fragment a browser goes without loading anything, when the page before was the same.
+    return address.isLocalFile() && !address.hasFragment() ? m_browser->reusePage(nameOfSetup(m_request))
+                                                           : nullptr;
+}
+
+bool PageRun::mayBeReused() const
+{
+    const QString file = m_watch->address().toLocalFile();
+    return !file.isEmpty() && !isArchive(file) && m_watch->keptToItself() && m_attempt.warnings.isEmpty() &&
+           m_attempt.growth == 0;
 }
 
 Task<Result<void>> PageRun::open()
@@ -105,9 +136,6 @@ Task<Result<void>> PageRun::open()
     auto target = co_await m_browser->openPage(std::min(m_request.timeout, kOpenLimit));
     if (!target) co_return withoutPage(target.error());
     m_target = std::move(*target);
-    m_session = m_target->session();
-    if (m_cancelled) m_session->end(cancelled());
-    report(kOpened);
     co_return Result<void>();
 }
 
@@ -129,23 +157,10 @@ Task<Result<void>> PageRun::prepare()
     });
     guardLocalFiles();
     addHeaders();
-    m_session->post(u"Page.enable"_s);
-    noteScrollWatchers(*m_session);
-    m_session->post(u"Page.setLifecycleEventsEnabled"_s, {{u"enabled"_s, true}});
-    m_session->post(u"Network.enable"_s, {{u"maxTotalBufferSize"_s, 1}, {u"maxResourceBufferSize"_s, 1}});
-    m_session->post(u"Network.setBypassServiceWorker"_s, {{u"bypass"_s, true}});
-    const auto cookies = giveCookies(*m_session, m_request);
-    if (m_request.dark) preferDarkColours(*m_session);
-    const auto sized = resize(m_request.viewport);
-    // The empty page's renderer takes its orders one after the other, and a navigation takes along only those
-    // that it has confirmed: so the last of them is waited for.
-    const QJsonObject scripts{{u"value"_s, !m_request.allowScript}};
-    const auto confirmed = co_await m_session->call(u"Emulation.setScriptExecutionDisabled"_s, scripts);
-    if (!confirmed) co_return confirmed.error().during(u"preparing the page"_s);
-    const auto resized = co_await sized;
-    if (!resized) co_return resized.error().during(u"preparing the page"_s);
-    const auto given = co_await cookies;
-    if (!given) co_return given.error().during(u"preparing the page's cookies"_s);
+    if (!m_target->isReused()) co_return co_await setUpPage(m_session, m_request);
+    const auto emptying = co_await forgetDocument(m_session);
+    if (!emptying) co_return emptying.error().during(u"preparing the page"_s);
+    m_emptyingScript = *emptying;
     co_return Result<void>();
 }
 
@@ -163,23 +178,29 @@ void PageRun::addHeaders()
     m_headers = std::make_unique<RequestHeaders>(*m_session, m_request.headers, m_request.addresses);
 }
 
-Completion<Reply> PageRun::resize(QSize viewport)
-{
-    return m_session->call(u"Emulation.setDeviceMetricsOverride"_s,
-                           {{u"width"_s, viewport.width()},
-                            {u"height"_s, viewport.height()},
-                            {u"deviceScaleFactor"_s, m_request.scale},
-                            {u"mobile"_s, false}});
-}
-
 Task<Result<void>> PageRun::load()
 {
     const auto navigated = co_await navigateToFirstReachable();
     if (!navigated) co_return navigated.error().during(u"loading the page"_s);
+    if (m_target->isReused()) {
+        const auto replaced = co_await replaceDocument();
+        if (!replaced) co_return replaced.error().during(u"loading the page"_s);
+    }
     const auto loaded = co_await waitForDocument();
     if (!loaded || !isArchive(m_request.addresses.first().toLocalFile())) co_return loaded;
     const auto shown = co_await checkArchive(m_session, m_watch->mainFrame());
     if (!shown) co_return shown.error().during(u"loading the page"_s);
+    co_return Result<void>();
+}
+
+/// The one before may not want to go.
+Task<Result<void>> PageRun::replaceDocument()
+{
+    const auto replaced =
+        co_await m_session->until([this] { return m_watch->isThere(); }, kReuseLimit, u"the next page"_s);
+    if (!replaced) co_return replaced.error();
+    const QJsonObject script{{u"identifier"_s, m_emptyingScript}};
+    m_session->post(u"Page.removeScriptToEvaluateOnNewDocument"_s, script);
     co_return Result<void>();
 }
 
@@ -216,7 +237,8 @@ Task<Result<void>> PageRun::navigate(QUrl address)
     if (m_files) m_files->expectPage(*reachable);
     const QJsonObject params{{u"url"_s, QString::fromUtf8(reachable->toEncoded())}};
     Q_EMIT visiting();
-    const auto reply = co_await m_session->call(u"Page.navigate"_s, params, m_request.timeout);
+    const auto limit = m_target->isReused() ? kReuseLimit : m_request.timeout;
+    const auto reply = co_await m_session->call(u"Page.navigate"_s, params, limit);
     // A browser that lives refuses the order for its address alone: "1.2.3.4.5" is no host for it, say.
     if (!reply && reply.error().kind == Error::Kind::Protocol && m_session->isOpen())
         co_return unusable(address);
@@ -278,19 +300,21 @@ Task<Result<void>> PageRun::settle()
 
 Task<Result<void>> PageRun::growWindow(int rows)
 {
-    if (rows == std::exchange(m_growth, rows)) co_return Result<void>();
-    const auto grown = co_await resize(m_request.viewport + QSize(0, rows));
+    if (rows == std::exchange(m_attempt.growth, rows)) co_return Result<void>();
+    const auto grown =
+        co_await resizeWindow(*m_session, m_request.viewport + QSize(0, rows), m_request.scale);
     if (!grown) co_return grown.error();
     co_return Result<void>();
 }
 
 Task<Result<void>> PageRun::adapt()
 {
-    const auto warnings = co_await adaptPage(m_session, *m_watch, m_request);
+    auto request = m_request;
+    if (std::exchange(m_attempt.scriptRan, true)) request.script.clear();
+    const auto warnings = co_await adaptPage(m_session, *m_watch, request);
     if (!warnings) co_return warnings.error();
     for (const QString& words : *warnings)
         warn(words);
-    m_request.script.clear(); // It runs once, whatever documents follow.
     co_return Result<void>();
 }
 
@@ -352,7 +376,7 @@ void PageRun::report(int percent)
 void PageRun::warn(const QString& words)
 {
     qCInfo(logPage).noquote() << m_request.addresses.first().toDisplayString() << words;
-    m_warnings += words;
+    m_attempt.warnings += words;
 }
 
 std::chrono::milliseconds PageRun::loadLimit() const { return m_request.timeout * 6 / 10; }

@@ -4,6 +4,8 @@
 #include "capture/page/page_request.h"
 #include "capture/page/page_watch.h"
 
+#include <QDeadlineTimer>
+
 #include <memory>
 
 namespace vistrel
@@ -15,6 +17,9 @@ class RequestHeaders;
 /// Captures one page: opens it in a context of its own, loads, waits, settles, measures, takes the picture,
 /// closes. Whatever goes wrong, it ends within its request's timeout plus the closing, and leaves the browser
 /// usable or declared faulty.
+///
+/// Local pages that had nothing from a network and kept to themselves share a context, one after the other,
+/// and are kept from what the one before left. When a page fails there, it is tried again in a fresh context.
 class PageRun : public QObject, public std::enable_shared_from_this<PageRun>
 {
     Q_OBJECT
@@ -44,16 +49,19 @@ Q_SIGNALS:
 
 private:
     PageRun(std::shared_ptr<Browser> browser, PageRequest request);
+    Task<Result<PageShot>> runInTarget(QDeadlineTimer deadline);
     Task<Result<PageShot>> runOpened();
+    std::shared_ptr<PageTarget> reusedTarget();
     Task<Result<void>> open();
     Error withoutPage(const Error& error);
     Task<Result<void>> prepare();
+    [[nodiscard]] bool mayBeReused() const;
     void guardLocalFiles();
     void addHeaders();
-    Completion<Reply> resize(QSize viewport);
     Task<Result<void>> load();
     Task<Result<void>> navigateToFirstReachable();
     Task<Result<void>> navigate(QUrl address);
+    Task<Result<void>> replaceDocument();
     Task<Result<void>> waitForDocument();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
@@ -76,8 +84,12 @@ private:
     std::unique_ptr<PageWatch> m_watch;
     std::unique_ptr<LocalFiles> m_files;
     std::unique_ptr<RequestHeaders> m_headers;
-    QStringList m_warnings;
-    int m_growth = 0; // Of the window, CSS px.
+    QString m_emptyingScript; // Its identifier; see forgetDocument().
+    struct {
+        QStringList warnings;
+        int growth = 0;         // Of the window, CSS px.
+        bool scriptRan = false; // The request's; it runs once, whatever documents follow.
+    } m_attempt;
     int m_percent = -1;
     bool m_cancelled = false;
 };

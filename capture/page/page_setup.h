@@ -2,17 +2,26 @@
 
 #include "capture/page/page_request.h"
 #include "capture/protocol/session.h"
+#include "capture/protocol/task.h"
 
 namespace vistrel
 {
 
-// What a request asks for beyond a plain visit, as far as its page has to know before it loads anything.
+/// Sets all that an empty page has to know before it loads what the request asks for.
+Task<Result<void>> setUpPage(std::shared_ptr<Session> session, PageRequest request);
 
-/// Tells pages that the reader prefers dark colours (prefers-color-scheme). Nothing need wait for it.
-void preferDarkColours(Session& session);
+/// The same for local pages for which setUpPage() does the same.
+QString nameOfSetup(const PageRequest& request);
 
-/// Puts the request's cookies into the browser, for the hosts of its addresses and all their paths. Settled
-/// when they are there, or at once without any. Error::Kind::Protocol when the browser takes one for none.
-Completion<Reply> giveCookies(Session& session, const PageRequest& request);
+/// Gives the page a window of so many CSS px, with scale device pixels for each.
+Completion<Reply> resizeWindow(Session& session, QSize window, double scale);
+
+/// How long a page that showed a document may take over what a fresh one does at once.
+constexpr Session::Limit kReuseLimit = std::chrono::seconds(2);
+
+/// Lets the next document find nothing of the one that is shown, a local page: no storage, name or history.
+/// The script that empties what is at hand runs when that document begins, and is to be removed by the
+/// identifier returned before there is another. Fails when the page does not answer within kReuseLimit.
+Task<Result<QString>> forgetDocument(std::shared_ptr<Session> session);
 
 } // namespace vistrel

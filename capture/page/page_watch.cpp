@@ -15,7 +15,14 @@ PageWatch::PageWatch(Session& session) : m_session(session)
 void PageWatch::expectDocument(const QString& frameId, const QString& loaderId)
 {
     m_mainFrame = frameId;
-    if (m_loaderId.isEmpty()) m_loaderId = loaderId;
+    if (m_documents.contains(loaderId)) return;
+    m_loaderId = loaderId;
+    m_leaving = m_parsed = m_loaded = m_errorPage = false;
+}
+
+bool PageWatch::keptToItself() const
+{
+    return isQuiet() && !m_leaving && !m_isOnline && m_documents.size() == 1 && m_dialogs == 0;
 }
 
 void PageWatch::take(const QString& method, const QJsonObject& params)
@@ -37,6 +44,7 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
         {u"Network.dataReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.countBytes(p); }},
         {u"Network.loadingFinished"_s,
          [](PageWatch& w, const QJsonObject& p) { w.m_requests.remove(p[u"requestId"].toString()); }},
+        {u"Network.webSocketCreated"_s, [](PageWatch& w, const QJsonObject&) { w.m_isOnline = true; }},
         {u"Network.loadingFailed"_s, [](PageWatch& w, const QJsonObject& p) { w.followFailure(p); }},
         {u"Inspector.targetCrashed"_s,
          [](PageWatch& w, const QJsonObject&) {
@@ -72,12 +80,13 @@ void PageWatch::followNavigation(const QJsonObject& frame)
     if (frame.contains(u"parentId")) return;
     m_mainFrame = frame[u"id"].toString();
     m_loaderId = frame[u"loaderId"].toString();
+    m_documents += m_loaderId;
     m_address = QUrl(frame[u"url"].toString());
     m_errorPage = m_address.scheme() == u"chrome-error" || frame.contains(u"unreachableUrl");
     m_leaving = false;
     m_parsed = false;
     m_loaded = false;
-    if (++m_navigations > kMostNavigations)
+    if (m_documents.size() > kMostNavigations)
         giveUp(Error::Kind::Page, u"the page changes its address again and again"_s);
 }
 
@@ -111,12 +120,12 @@ void PageWatch::followFailure(const QJsonObject& params)
 
 void PageWatch::followResponse(const QJsonObject& params)
 {
+    const QJsonObject response = params[u"response"].toObject();
+    if (!response[u"url"].toString().startsWith(u"http")) return;
+    m_isOnline = true;
     const bool document = params[u"type"].toString() == u"Document";
     const bool main = m_mainFrame.isEmpty() || params[u"frameId"].toString() == m_mainFrame;
-    if (!document || !main) return;
-    const QJsonObject response = params[u"response"].toObject();
-    if (response[u"url"].toString().startsWith(u"http"))
-        m_statuses.insert(params[u"loaderId"].toString(), response[u"status"].toInt());
+    if (document && main) m_statuses.insert(params[u"loaderId"].toString(), response[u"status"].toInt());
 }
 
 void PageWatch::countBytes(const QJsonObject& params)

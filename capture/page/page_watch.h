@@ -23,12 +23,15 @@ public:
     /// Listens from now on; session must outlive this object.
     explicit PageWatch(Session& session);
 
-    /// The document that navigate() was answered with; what is asked below is about it or its successors.
+    /// The document that navigate() was answered with; what is asked below is about it or its successors, not
+    /// about what the page showed before.
     void expectDocument(const QString& frameId, const QString& loaderId);
 
     [[nodiscard]] const QString& mainFrame() const { return m_mainFrame; }
     /// Names the document in the main frame; changes with each navigation.
     [[nodiscard]] const QString& loaderId() const { return m_loaderId; }
+    /// The document has taken the place of what was there before it.
+    [[nodiscard]] bool isThere() const { return m_documents.contains(m_loaderId); }
     /// The document's markup is parsed (DOMContentLoaded).
     [[nodiscard]] bool isParsed() const { return m_parsed; }
     /// The document and all that it asked for at first is there (load).
@@ -42,6 +45,8 @@ public:
     /// The browser shows an error page of its own in place of the document.
     [[nodiscard]] bool showsErrorPage() const { return m_errorPage; }
     [[nodiscard]] const QUrl& address() const { return m_address; }
+    /// The page is at rest, went nowhere by itself, spoke to nobody and had nothing from a network.
+    [[nodiscard]] bool keptToItself() const;
     /// Of the document; 0 while unknown or not from a server.
     [[nodiscard]] int httpStatus() const { return m_statuses.value(m_loaderId); }
     /// Why the page was given up, as the session will soon end with; none while all is well.
@@ -66,6 +71,7 @@ private:
     Session& m_session;
     QString m_mainFrame;
     QString m_loaderId;
+    QStringList m_documents; // Loader ids of those that the main frame has come to.
     QUrl m_address;
     QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
     int m_requestCount = 0;
@@ -73,7 +79,7 @@ private:
     qint64 m_bytes = 0;
     std::optional<Error> m_failure;
     int m_dialogs = 0;
-    int m_navigations = 0;
+    bool m_isOnline = false; // Something came from a network.
     bool m_parsed = false;
     bool m_loaded = false;
     bool m_leaving = false;
