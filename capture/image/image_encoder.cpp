@@ -4,6 +4,7 @@
 #include "capture/image/gif_writer.h"
 #include "capture/image/jpeg_joiner.h"
 #include "capture/image/picture_sink.h"
+#include "capture/image/png_joiner.h"
 #include "capture/image/strip_decoder.h"
 
 #include <QHash>
@@ -73,19 +74,16 @@ int longestSide(ImageFormat format)
     return 1000000; // libpng's default.
 }
 
-/// Whether the strips need no decoding to become one file of the format asked for.
-bool isEncoded(const PagePicture& picture, ImageFormat format)
+/// The file of format that the strips become without being decoded; none where they cannot.
+Result<std::optional<QByteArray>> encodedFile(const PagePicture& picture, ImageFormat format)
 {
-    const bool single = picture.strips().size() == 1;
-    return picture.encoding() == PagePicture::Encoding::Jpeg ? format == ImageFormat::Jpeg
-                                                             : format == ImageFormat::Png && single;
-}
-
-/// The file of such a picture.
-Result<QByteArray> encodedFile(const PagePicture& picture)
-{
-    if (picture.strips().size() == 1) return picture.strips().first();
-    return joinJpegStrips(picture.strips());
+    const bool isJpeg = picture.encoding() == PagePicture::Encoding::Jpeg;
+    if (format != (isJpeg ? ImageFormat::Jpeg : ImageFormat::Png)) return std::optional<QByteArray>();
+    if (picture.strips().size() == 1) return std::optional(picture.strips().first());
+    if (!isJpeg) return joinPngStrips(picture.strips());
+    const auto joined = joinJpegStrips(picture.strips());
+    if (!joined) return joined.error();
+    return std::optional(*joined);
 }
 
 /// open gives the picture, to be read from the top; it may be asked more than once.
@@ -156,11 +154,10 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
     const auto fits = checkFits(picture.size(), format);
     if (!fits) return fits;
     return guarded(device, [&](PictureSink& sink) -> Result<void> {
-        if (!isEncoded(picture, format))
-            return encode([&] { return decode(picture); }, format, quality, sink);
-        const auto file = encodedFile(picture);
+        const auto file = encodedFile(picture, format);
         if (!file) return file.error();
-        sink.write(file->constData(), file->size());
+        if (!*file) return encode([&] { return decode(picture); }, format, quality, sink);
+        sink.write((*file)->constData(), (*file)->size());
         return {};
     });
 }

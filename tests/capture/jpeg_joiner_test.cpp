@@ -49,8 +49,10 @@ QList<QByteArray> stripsOf(const QImage& image, const QList<int>& ends)
 {
     QList<QByteArray> strips;
     int top = 0;
-    for (const int end : ends)
-        strips += jpeg(image.copy(0, top, image.width(), end - std::exchange(top, end)));
+    for (const int end : ends) {
+        strips += jpeg(image.copy(0, top, image.width(), end - top));
+        top = end;
+    }
     return strips;
 }
 
