@@ -63,12 +63,17 @@ QString stateScript()
     })())js"_s;
 }
 
+/// A rule for all elements makes the browser style all of them anew: only a page that may show a caret gets
+/// it.
 QString freezeScript()
 {
     return uR"js((() => {
-        const sheet = new CSSStyleSheet();
-        sheet.replaceSync('* { caret-color: transparent !important }');
-        document.adoptedStyleSheets = [...document.adoptedStyleSheets, sheet];
+        const focus = document.activeElement;
+        if (focus && (focus !== document.body || focus.isContentEditable)) {
+            const sheet = new CSSStyleSheet();
+            sheet.replaceSync('* { caret-color: transparent !important }');
+            document.adoptedStyleSheets = [...document.adoptedStyleSheets, sheet];
+        }
         for (const animation of document.getAnimations()) {
             const timing = animation.effect && animation.effect.getComputedTiming();
             if (timing && timing.endTime !== Infinity && animation.playbackRate !== 0) animation.finish();
