@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr qint64 kMemoryPerPage = 400LL * 1024 * 1024;
-constexpr int kPagesPerCore = 2;
+constexpr int kPagesPerCore = 3;
 constexpr int kMostToBegin = 16;
 constexpr int kMost = 32;
 /// A smaller idle share is what remains between the steps of pages.

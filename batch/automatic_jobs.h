@@ -16,7 +16,7 @@ public:
     /// growth() is to be asked this often.
     static constexpr std::chrono::milliseconds kInterval{500};
 
-    /// To begin with: two for each core, as far as memory allows; at least 1.
+    /// To begin with: three for each core, as far as memory allows; at least 1.
     [[nodiscard]] static int first();
 
     /// How many more than the present jobs (1 or more) there should be.
