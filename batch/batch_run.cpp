@@ -203,8 +203,9 @@ ExitCode BatchRun::tell()
         m_progress.message(u"vistrel-batch: "_s + step.error().text());
         allWell = false;
     }
-    const bool resumable = QFileInfo::exists(Journal::pathIn(m_plan.outputFolder));
-    for (const QString& line : summary.lines(m_progress.elapsedMilliseconds(), resumable))
+    const QFileInfo journal(Journal::pathIn(m_plan.outputFolder));
+    const QString folder = journal.exists() ? journal.absolutePath() : QString();
+    for (const QString& line : summary.lines(m_progress.elapsedMilliseconds(), folder))
         m_progress.message(line);
     if (m_stopped) return *m_stopped;
     return allWell ? ExitCode::Converted : ExitCode::SomeFailed;

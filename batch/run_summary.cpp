@@ -44,14 +44,15 @@ void RunSummary::count(QHash<QString, Group>& groups, const QString& reason, con
     if (group.count++ == 0) group.example = entry.text;
 }
 
-QStringList RunSummary::lines(qint64 elapsedMilliseconds, bool resumable) const
+QStringList RunSummary::lines(qint64 elapsedMilliseconds, const QString& folder) const
 {
     QString totals = u"%1 converted, %2 failed"_s.arg(m_tally.converted).arg(m_tally.failed);
     if (m_tally.pending > 0)
         totals += u", %1 skipped (%2)"_s.arg(QString::number(m_tally.pending),
-                                             resumable ? u"--resume goes on with them"_s
-                                                       : u"the journal is gone: start the run anew"_s);
+                                             folder.isEmpty() ? u"the journal is gone: start the run anew"_s
+                                                              : u"--resume goes on with them"_s);
     totals += u" in %1 s"_s.arg(double(elapsedMilliseconds) / 1000, 0, 'f', 1);
+    if (m_tally.converted > 0 && !folder.isEmpty()) totals += u"; the pictures are in "_s + printable(folder);
     if (m_tally.all() == 0) totals += u": there is no entry in what was given"_s;
     return QStringList{totals} + describe(m_failures, u"failed"_s) + describe(m_notes, u"converted, but"_s);
 }

@@ -15,8 +15,9 @@ class RunSummary
 public:
     void add(const Entry& entry, const Outcome& outcome);
 
-    /// The lines, without line breaks. resumable: whether the journal is still there, to go on with.
-    [[nodiscard]] QStringList lines(qint64 elapsedMilliseconds, bool resumable) const;
+    /// The lines, without line breaks. folder: where the pictures are, with the journal to go on with; empty
+    /// when it is gone.
+    [[nodiscard]] QStringList lines(qint64 elapsedMilliseconds, const QString& folder) const;
 
 private:
     struct Group {

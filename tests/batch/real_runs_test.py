@@ -157,7 +157,7 @@ class Terminal(BatchTest):
         self.assertLess(max(map(len, progress)), self.COLUMNS)
         printed = [line.rpartition(self.CLEAR)[2] for line in shown.split('\r\n')]
         self.assertRegex(printed[0], r'^failed /no/such.html \(line 6 of .*list.txt\): ')
-        self.assertRegex(printed[1], r'^5 converted, 1 failed in ')
+        self.assertRegex(printed[1], rf'^5 converted, 1 failed in [\d.]+ s; the pictures are in {re.escape(str(self.out))}$')
 
     def test_results_that_are_led_elsewhere_arrive_there(self):
         entries = self.write_list([self.server.url('/page'), '/no/such.html'])

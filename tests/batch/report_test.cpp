@@ -80,7 +80,7 @@ TEST(Summary, FailuresAreGroupedWhateverIsParticularToOne)
     for (const QString& reason :
          {u"\"/a/b\" does not exist"_s, u"\"/c\" does not exist"_s, u"the line is not UTF-8 text"_s})
         summary.add(entry, Outcome::failed(reason));
-    const QStringList lines = summary.lines(1500, true);
+    const QStringList lines = summary.lines(1500, u"/out"_s);
     ASSERT_EQ(lines.size(), 3);
     EXPECT_TRUE(lines[0].startsWith(u"0 converted, 3 failed"_s));
     EXPECT_TRUE(lines[1].contains(u"2 failed: "_s) && lines[1].contains(u"does not exist"_s));
