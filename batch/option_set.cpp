@@ -114,7 +114,8 @@ void OptionSet::defineImages(Arguments& given)
                         "Replace files that are there already; else a free name is found"),
          &given.overwrite)
         ->group(kImages);
-    keep(m_app.add_option("-q,--quality", given.quality, "JPEG quality, 1 to 100"))
+    keep(m_app.add_option("-q,--quality", given.quality,
+                          "JPEG quality, 1 to 100; from 90 on with the colour of each pixel"))
         ->type_name("N")
         ->check(within(1, 100))
         ->capture_default_str()

@@ -95,7 +95,11 @@ Result<void> encode(const std::function<VImage()>& open, ImageFormat format, int
         open().pngsave_target(sink.target(), options()->set("compression", kJoinedPngCompression));
         break;
     case ImageFormat::Jpeg:
-        open().jpegsave_target(sink.target(), options()->set("Q", std::clamp(quality, 1, 100)));
+        open().jpegsave_target(sink.target(), options()
+                                                  ->set("Q", std::clamp(quality, 1, 100))
+                                                  ->set("subsample_mode", quality >= kFullColourQuality
+                                                                              ? VIPS_FOREIGN_SUBSAMPLE_OFF
+                                                                              : VIPS_FOREIGN_SUBSAMPLE_ON));
         break;
     case ImageFormat::Gif: return writeGif(open, sink);
     case ImageFormat::Bmp: writeBitmap(open(), sink); break;

@@ -18,10 +18,14 @@ std::optional<ImageFormat> imageFormatOf(const QString& ending);
 /// side; BMP: 4 GiB in all).
 Result<void> checkFits(QSize size, ImageFormat format);
 
+/// From this quality on, JPEG files keep the colour of each pixel; below, as browsers write them, one colour
+/// for every four.
+constexpr int kFullColourQuality = 90;
+
 /// Writes the image file to device, which is open for reading and writing, of random access and at its start.
 /// PNG and TIFF are lossless, BMP has 24 bits, GIF 256 dithered colours; quality, 1 to 100, is for JPEG. A
-/// picture that already is one strip in the format asked for is handed out as it stands; strips of JPEG
-/// become one JPEG file without a loss, in the quality that they have.
+/// picture that already is one strip in the format asked for is handed out as it stands; strips of JPEG or
+/// PNG become one file of theirs without a loss, JPEG in the quality that they have.
 ///
 /// Errors: those of checkFits(), Format when a strip cannot be decoded, and Io when device does not take all;
 /// it may hold a part of the file then. May be called on any thread, and writes from others.

@@ -49,7 +49,8 @@ struct PageRequest {
     int maxHeight = 0;       ///< CSS px at which the picture is cut; 0: nowhere.
 
     // ---- How the browser hands the pixels over ----
-    /// Png is lossless, Jpeg is for those who want nothing else.
+    /// Png is lossless, Jpeg is for those who want nothing else; they get Png all the same where
+    /// quality asks for every pixel's colour or the browser cannot.
     PagePicture::Encoding encoding = PagePicture::Encoding::Png;
     int jpegQuality = 80; ///< 1 to 100; only for Encoding::Jpeg.
 

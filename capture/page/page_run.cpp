@@ -1,5 +1,6 @@
 #include "capture/page/page_run.h"
 
+#include "capture/image/image_encoder.h"
 #include "capture/page/archive.h"
 #include "capture/page/local_files.h"
 #include "capture/page/page_setup.h"
@@ -353,8 +354,9 @@ Task<Result<PagePicture>> PageRun::shootOnce()
                           m_request.scale};
     const auto checked = checkArea(*area, settings);
     if (!checked) co_return checked.error();
-    // A JPEG whose pieces would be too large is made of PNGs.
-    if (stripRows(*area, settings) == 0) settings.encoding = PagePicture::Encoding::Png;
+    // A JPEG whose pieces would be too large is made of PNGs, and so is one that is to keep all colours.
+    if (stripRows(*area, settings) == 0 || settings.jpegQuality >= kFullColourQuality)
+        settings.encoding = PagePicture::Encoding::Png;
     co_return co_await takePicture(m_session, *area, settings, [this, height = area->height()](int rows) {
         report(kReady + (kDone - 1 - kReady) * rows / height);
     });

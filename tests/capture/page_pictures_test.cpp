@@ -82,6 +82,23 @@ TEST_F(PagePictures, TallJpegsAreOneFileWithEveryMarkerInItsPlace)
     }
 }
 
+TEST_F(PagePictures, JpegsOfHighQualityKeepTheColourOfEachPixel)
+{
+    PageRequest request;
+    request.encoding = PagePicture::Encoding::Jpeg;
+    request.jpegQuality = 95;
+    const auto shot = captureHtml(
+        "<!doctype html><body style='background:repeating-linear-gradient(90deg,red 0 1px,white 1px 2px)'>",
+        request);
+    ASSERT_TRUE(shot.ok());
+    const auto file = fileOf([&](QIODevice& device) {
+        return encodeImage(shot->picture, ImageFormat::Jpeg, request.jpegQuality, device);
+    });
+    const QImage page = QImage::fromData(*file);
+    EXPECT_LT(qGreen(pixel(page, 400, 300)), 60);
+    EXPECT_GT(qGreen(pixel(page, 401, 300)), 200);
+}
+
 TEST_F(PagePictures, StripsOfAJpegEndWhereTheyCanBeJoined)
 {
     for (const int width : {200, 1280, 5000}) {
