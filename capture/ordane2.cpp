@@ -9,6 +9,8 @@
 #include <QBuffer>
 #include <QEventLoop>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -47,6 +49,8 @@ public:
     Engine(BrowserOptions options, std::optional<ImageFormat> intended)
         : m_keeper(std::move(options)), m_intended(intended)
     {
+        // The browser is several times faster at it, and no pixel is encoded twice.
+        if (intended == ImageFormat::Jpeg) m_request.encoding = PagePicture::Encoding::Jpeg;
     }
 
     void capture(const QString& entry)
@@ -70,7 +74,6 @@ public:
     [[nodiscard]] const PagePicture& picture() const { return m_picture; }
 
     PageRequest m_request;
-    qint32 m_jpegQuality = 80;
     ProgressHandler m_progress;
 
 private:
@@ -141,7 +144,10 @@ void Ordane2::SetAllowJava(bool /*value*/) {}
 
 void Ordane2::SetAllowScript(bool value) { m_engine->m_request.allowScript = value; }
 
-void Ordane2::SetJpegQuality(qint32 quality) { m_engine->m_jpegQuality = quality; }
+void Ordane2::SetJpegQuality(qint32 quality)
+{
+    m_engine->m_request.jpegQuality = std::clamp(quality, 1, 100);
+}
 
 void Ordane2::ReleaseImage() { m_engine->releasePicture(); }
 
@@ -151,7 +157,7 @@ QByteArray Ordane2::GetImageBytes(const QString& pattern)
 {
     if (m_engine->picture().isNull()) throw RuntimeError(RuntimeError::Number::Automation);
     return bytesOrThrow([&](QIODevice& device) {
-        return encodeImage(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality, device);
+        return encodeImage(m_engine->picture(), formatOf(pattern), m_engine->m_request.jpegQuality, device);
     });
 }
 
@@ -160,7 +166,7 @@ QByteArray Ordane2::GetThumbnailBytes(const QString& pattern, qint32 width, qint
     if (m_engine->picture().isNull()) throw RuntimeError(RuntimeError::Number::Automation);
     if (width <= 0 || height <= 0) return {};
     return bytesOrThrow([&](QIODevice& device) {
-        return encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_jpegQuality,
+        return encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_request.jpegQuality,
                                {width, height}, device);
     });
 }

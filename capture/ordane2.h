@@ -19,7 +19,7 @@ class Ordane2 : public PageCapture
 {
 public:
     /// intended: the format that images will be fetched in, where it is known: the capture of a page that it
-    /// cannot hold then fails, instead of the fetching.
+    /// cannot hold then fails, instead of the fetching. For JPEG the quality is that at the capture's time.
     explicit Ordane2(BrowserOptions options = {}, std::optional<ImageFormat> intended = std::nullopt);
     /// Ends a capture that is under way.
     ~Ordane2() override;

@@ -40,21 +40,24 @@ protected:
 
 TEST_F(Ordane2Test, KeepsOnePictureForEveryFormatUntilItIsReleased)
 {
-    Ordane2 component;
-    component.SetCaptureTimeout(20000);
-    EXPECT_NE(component.GetCaptureStatus(), 1);
-    EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..png"_s)), RuntimeError);
-    component.CapturePage(page(u"a.html"_s, "<!doctype html><body style='margin:0;height:1500px'>"), u"*"_s);
-    ASSERT_EQ(component.GetCaptureStatus(), 1);
-    EXPECT_TRUE(component.GetImageBytes(u"*..png"_s).startsWith("\x89PNG"));
-    EXPECT_TRUE(component.GetImageBytes(u"*..jpg"_s).startsWith("\xff\xd8"));
-    EXPECT_TRUE(component.GetThumbnailBytes(u"*..gif"_s, 50, 40, 0).startsWith("GIF8"));
-    EXPECT_TRUE(component.GetThumbnailBytes(u"*..bmp"_s, 50, 40, 0).startsWith("BM"));
-    EXPECT_TRUE(component.GetImageBytes(u"*..tif"_s).startsWith("II*"));
-    EXPECT_TRUE(component.GetThumbnailBytes(u"*..png"_s, 0, 40, 0).isEmpty());
-    EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..xyz"_s)), RuntimeError);
-    component.ReleaseImage();
-    EXPECT_NE(component.GetCaptureStatus(), 1);
+    for (const auto intended : {std::optional<ImageFormat>(), std::optional(ImageFormat::Jpeg)}) {
+        Ordane2 component({}, intended);
+        component.SetCaptureTimeout(20000);
+        EXPECT_NE(component.GetCaptureStatus(), 1);
+        EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..png"_s)), RuntimeError);
+        component.CapturePage(page(u"a.html"_s, "<!doctype html><body style='margin:0;height:1500px'>"),
+                              u"*"_s);
+        ASSERT_EQ(component.GetCaptureStatus(), 1);
+        EXPECT_TRUE(component.GetImageBytes(u"*..png"_s).startsWith("\x89PNG"));
+        EXPECT_TRUE(component.GetImageBytes(u"*..jpg"_s).startsWith("\xff\xd8"));
+        EXPECT_TRUE(component.GetThumbnailBytes(u"*..gif"_s, 50, 40, 0).startsWith("GIF8"));
+        EXPECT_TRUE(component.GetThumbnailBytes(u"*..bmp"_s, 50, 40, 0).startsWith("BM"));
+        EXPECT_TRUE(component.GetImageBytes(u"*..tif"_s).startsWith("II*"));
+        EXPECT_TRUE(component.GetThumbnailBytes(u"*..png"_s, 0, 40, 0).isEmpty());
+        EXPECT_THROW(static_cast<void>(component.GetImageBytes(u"*..xyz"_s)), RuntimeError);
+        component.ReleaseImage();
+        EXPECT_NE(component.GetCaptureStatus(), 1);
+    }
 }
 
 TEST_F(Ordane2Test, WhatIsNoPageIsAStatusAndTheNextCaptureWorks)
