@@ -38,6 +38,11 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
          }},
         {u"Page.frameStoppedLoading"_s,
          [](PageWatch& w, const QJsonObject& p) { w.followStop(p[u"frameId"].toString()); }},
+        {u"Page.frameDetached"_s,
+         [](PageWatch& w, const QJsonObject& p) {
+             w.m_requests.removeIf(
+                 [frame = p[u"frameId"].toString()](const auto& request) { return *request == frame; });
+         }},
         {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
         {u"Network.requestWillBeSent"_s, [](PageWatch& w, const QJsonObject& p) { w.countRequest(p); }},
         {u"Network.responseReceived"_s, [](PageWatch& w, const QJsonObject& p) { w.followResponse(p); }},
@@ -71,7 +76,7 @@ void PageWatch::answerDialog(const QJsonObject& params)
 void PageWatch::countRequest(const QJsonObject& params)
 {
     if (params[u"loaderId"].toString().isEmpty()) return;
-    m_requests.insert(params[u"requestId"].toString());
+    m_requests.insert(params[u"requestId"].toString(), params[u"frameId"].toString());
     ++m_requestCount;
 }
 

@@ -3,7 +3,6 @@
 #include "capture/protocol/session.h"
 
 #include <QHash>
-#include <QSet>
 #include <QUrl>
 
 namespace vistrel
@@ -73,7 +72,9 @@ private:
     QString m_loaderId;
     QStringList m_documents; // Loader ids of those that the main frame has come to.
     QUrl m_address;
-    QSet<QString> m_requests; // By request id: added when sent, removed when finished or failed.
+    // The frame of each by its id: added when sent, removed when finished or failed, or when the frame goes
+    // or is given to another renderer, whose events are not ours.
+    QHash<QString, QString> m_requests;
     int m_requestCount = 0;
     QHash<QString, int> m_statuses; // By loader id, of all that was answered in the main frame.
     qint64 m_bytes = 0;
