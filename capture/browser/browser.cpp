@@ -109,7 +109,8 @@ Error Browser::startFailure(const Error& cause) const
     return Error{Error::Kind::Io, words + remedy(errors), u"starting the browser"_s};
 }
 
-Browser::~Browser() = default;
+// The browser of a killed run may have gone on for a moment when this one was started, and left its folder.
+Browser::~Browser() { sweepScratchFolders(); }
 
 Task<Result<std::shared_ptr<PageTarget>>> Browser::openPage(Session::Limit limit)
 {
