@@ -2,6 +2,7 @@
 
 #include <QtEndian>
 
+#define ZLIB_CONST // What is unpacked stays as it is.
 #include <zlib.h>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ constexpr int kBetweenBlocks = 128;
 
 constexpr quint32 kStoredBlock = 0;    // RFC 1951, 3.2.3.
 constexpr quint32 kEmptyLastBlock = 3; // With the fixed codes: ten bits, all but the first two are 0.
+constexpr qsizetype kReserve = 16;     // Bytes, for the bits that follow a copy.
 constexpr qsizetype kTrailer = 4;      // The checksum, in bytes.
 
 /// The count bits at place, at most 8. A byte beyond them is there.
@@ -34,10 +36,11 @@ quint32 bitsAt(const QByteArray& bytes, qint64 place, int count)
 class BlockReader
 {
 public:
-    explicit BlockReader(const QByteArray& stream) : m_bytes(stream)
+    /// bytes are to outlive the reader.
+    explicit BlockReader(const QByteArray& bytes)
     {
-        m_stream.next_in = reinterpret_cast<Bytef*>(m_bytes.data()); // zlib's interface is not const.
-        m_stream.avail_in = uInt(m_bytes.size());
+        m_stream.next_in = reinterpret_cast<const Bytef*>(bytes.constData());
+        m_stream.avail_in = uInt(bytes.size());
         m_state = inflateInit(&m_stream);
     }
     BlockReader(const BlockReader&) = delete;
@@ -69,7 +72,6 @@ public:
     [[nodiscard]] quint32 checksum() const { return quint32(m_stream.adler); }
 
 private:
-    QByteArray m_bytes;
     z_stream m_stream{};
     std::array<char, 64 * 1024> m_piece{};
     int m_state = Z_OK;
@@ -115,6 +117,7 @@ void DeflateJoiner::copy(const QByteArray& stream, qint64 from, qint64 to)
 {
     const qint64 bytes = std::max<qint64>(0, to - from) / 8;
     const qsizetype size = m_stream.size();
+    m_stream.reserve(size + bytes + kReserve);
     m_stream.resize(size + bytes);
     char* target = m_stream.data() + size;
     quint32 pending = m_pending; // Not the member, which every byte written might be a part of.
@@ -137,13 +140,16 @@ void DeflateJoiner::put(quint32 bits, int count)
     }
 }
 
+QByteArray DeflateJoiner::take() { return std::exchange(m_stream, {}); }
+
 QByteArray DeflateJoiner::finish(quint32 checksum)
 {
     put(kEmptyLastBlock, 8);
     put(0, 2 + 7); // The block's end, and the rest of its last byte.
     std::array<char, sizeof checksum> trailer{};
     qToBigEndian(checksum, trailer.data());
-    return m_stream.append(trailer.data(), trailer.size());
+    m_stream.append(trailer.data(), trailer.size());
+    return take();
 }
 
 } // namespace vistrel

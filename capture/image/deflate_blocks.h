@@ -33,7 +33,10 @@ public:
     /// Appends the blocks of stream from the place given, where one begins. They have to be shiftable.
     void append(const QByteArray& stream, const DeflateBlocks& blocks, qint64 from);
 
-    /// The stream, with the checksum of all that it unpacks to. The last call.
+    /// The whole bytes of the stream that are there so far and were not taken before.
+    QByteArray take();
+
+    /// The rest of the stream, with the checksum of all that it unpacks to. The last call.
     QByteArray finish(quint32 checksum);
 
 private:

@@ -6,8 +6,7 @@
 
 #include <zlib.h>
 
-#include <limits>
-#include <vector>
+#include <numeric>
 
 namespace vistrel
 {
@@ -39,6 +38,7 @@ struct PngStrip {
 std::optional<PngStrip> readStrip(const QByteArray& file)
 {
     PngStrip strip;
+    strip.pixels.reserve(file.size());
     for (qsizetype at = kSignature; at + kChunkFrame <= file.size();) {
         const qsizetype length = qFromBigEndian<quint32>(file.constData() + at);
         if (length > file.size() - at - kChunkFrame) return std::nullopt;
@@ -68,16 +68,18 @@ quint32 heightOf(const PngStrip& strip)
     return qFromBigEndian<quint32>(strip.header.constData() + kHeight);
 }
 
-void appendChunk(QByteArray& file, const char* type, const QByteArray& content)
+void appendChunk(QByteArray& file, QByteArrayView type, const QByteArray& content)
 {
-    const QByteArray body = type + content;
     const auto number = [&file](quint32 value) {
         value = qToBigEndian(value);
         file.append(reinterpret_cast<const char*>(&value), sizeof value);
     };
+    uLong check = crc32(0, reinterpret_cast<const Bytef*>(type.data()), uInt(type.size()));
+    if (!content.isEmpty()) // Without bytes, crc32() begins anew.
+        check = crc32(check, reinterpret_cast<const Bytef*>(content.constData()), uInt(content.size()));
     number(quint32(content.size()));
-    file.append(body);
-    number(quint32(crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()))));
+    file.append(type).append(content);
+    number(quint32(check));
 }
 
 /// The checksum of bytes that had kUp at their start and now have kNone.
@@ -121,6 +123,8 @@ public:
         return true;
     }
 
+    /// What the joined rows have come to since the last call.
+    QByteArray take() { return m_joiner.take(); }
     QByteArray finish() { return m_joiner.finish(m_checksum); }
 
 private:
@@ -142,44 +146,46 @@ private:
     qint64 m_byteCount = 0;
 };
 
-std::optional<std::vector<PngStrip>> readStrips(const QList<QByteArray>& files)
-{
-    std::vector<PngStrip> strips;
-    for (const QByteArray& file : files) {
-        auto strip = readStrip(file);
-        if (!strip || (!strips.empty() && kindOf(*strip) != kindOf(strips.front()))) return std::nullopt;
-        strips.push_back(std::move(*strip));
-    }
-    return strips;
-}
-
-QByteArray fileOf(const PngStrip& first, quint32 height, const QByteArray& pixels)
+/// Everything up to the pixels.
+QByteArray headOf(const PngStrip& first)
 {
     QByteArray file("\x89PNG\r\n\x1a\n");
+    appendChunk(file, "IHDR", first.header);
+    return file + first.preface;
+}
+
+/// States the height in the header of the file.
+void setHeight(QByteArray& file, const PngStrip& first, quint32 height)
+{
     QByteArray header = first.header;
     qToBigEndian(height, header.data() + kHeight);
-    appendChunk(file, "IHDR", header);
-    file += first.preface;
-    appendChunk(file, "IDAT", pixels);
-    appendChunk(file, "IEND", {});
-    return file;
+    QByteArray chunk;
+    appendChunk(chunk, "IHDR", header);
+    file.replace(kSignature, chunk.size(), chunk);
 }
 
 } // namespace
 
+// One strip after the other, so that only one is held in pieces.
 std::optional<QByteArray> joinPngStrips(const QList<QByteArray>& files)
 {
-    const auto strips = readStrips(files);
-    if (!strips || strips->empty()) return std::nullopt;
+    const auto first = files.isEmpty() ? std::nullopt : readStrip(files.first());
+    if (!first) return std::nullopt;
+    QByteArray file = headOf(*first);
+    file.reserve(std::accumulate(files.begin(), files.end(), file.size(),
+                                 [](qsizetype sum, const QByteArray& bytes) { return sum + bytes.size(); }));
     RowJoiner rows;
     quint32 height = 0;
-    for (const PngStrip& strip : *strips) {
-        if (!rows.append(strip)) return std::nullopt;
-        height += heightOf(strip);
+    for (const QByteArray& bytes : files) {
+        const auto strip = readStrip(bytes);
+        if (!strip || kindOf(*strip) != kindOf(*first) || !rows.append(*strip)) return std::nullopt;
+        height += heightOf(*strip);
+        appendChunk(file, "IDAT", rows.take());
     }
-    const QByteArray pixels = rows.finish();
-    if (pixels.size() > std::numeric_limits<qint32>::max()) return std::nullopt; // The longest chunk.
-    return fileOf(strips->front(), height, pixels);
+    appendChunk(file, "IDAT", rows.finish());
+    appendChunk(file, "IEND", {});
+    setHeight(file, *first, height);
+    return file;
 }
 
 } // namespace vistrel
