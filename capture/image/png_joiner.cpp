@@ -1,12 +1,11 @@
 #include "capture/image/png_joiner.h"
 
 #include "capture/image/deflate_blocks.h"
+#include "capture/image/page_picture.h"
 
 #include <QtEndian>
 
 #include <zlib.h>
-
-#include <numeric>
 
 namespace vistrel
 {
@@ -61,11 +60,6 @@ QByteArray kindOf(const PngStrip& strip)
 {
     QByteArray kind = strip.header;
     return kind.remove(kHeight, sizeof(quint32));
-}
-
-quint32 heightOf(const PngStrip& strip)
-{
-    return qFromBigEndian<quint32>(strip.header.constData() + kHeight);
 }
 
 void appendChunk(QByteArray& file, QByteArrayView type, const QByteArray& content)
@@ -147,21 +141,25 @@ private:
 };
 
 /// Everything up to the pixels.
-QByteArray headOf(const PngStrip& first)
-{
-    QByteArray file("\x89PNG\r\n\x1a\n");
-    appendChunk(file, "IHDR", first.header);
-    return file + first.preface;
-}
-
-/// States the height in the header of the file.
-void setHeight(QByteArray& file, const PngStrip& first, quint32 height)
+QByteArray headOf(const PngStrip& first, quint32 height)
 {
     QByteArray header = first.header;
     qToBigEndian(height, header.data() + kHeight);
-    QByteArray chunk;
-    appendChunk(chunk, "IHDR", header);
-    file.replace(kSignature, chunk.size(), chunk);
+    QByteArray file("\x89PNG\r\n\x1a\n");
+    appendChunk(file, "IHDR", header);
+    return file + first.preface;
+}
+
+/// Of all strips, px.
+std::optional<quint32> heightOf(const QList<QByteArray>& files)
+{
+    quint32 height = 0;
+    for (const QByteArray& file : files) {
+        const auto size = encodedSize(file, PagePicture::Encoding::Png);
+        if (!size) return std::nullopt;
+        height += quint32(size->height());
+    }
+    return height;
 }
 
 } // namespace
@@ -169,23 +167,24 @@ void setHeight(QByteArray& file, const PngStrip& first, quint32 height)
 // One strip after the other, so that only one is held in pieces.
 std::optional<QByteArray> joinPngStrips(const QList<QByteArray>& files)
 {
-    const auto first = files.isEmpty() ? std::nullopt : readStrip(files.first());
-    if (!first) return std::nullopt;
-    QByteArray file = headOf(*first);
-    file.reserve(std::accumulate(files.begin(), files.end(), file.size(),
-                                 [](qsizetype sum, const QByteArray& bytes) { return sum + bytes.size(); }));
+    const auto height = heightOf(files);
+    if (files.isEmpty() || !height) return std::nullopt;
+    QByteArray joined;
+    QByteArray kind;
     RowJoiner rows;
-    quint32 height = 0;
-    for (const QByteArray& bytes : files) {
-        const auto strip = readStrip(bytes);
-        if (!strip || kindOf(*strip) != kindOf(*first) || !rows.append(*strip)) return std::nullopt;
-        height += heightOf(*strip);
-        appendChunk(file, "IDAT", rows.take());
+    for (const QByteArray& file : files) {
+        const auto strip = readStrip(file);
+        if (!strip || !rows.append(*strip)) return std::nullopt;
+        if (joined.isEmpty()) {
+            kind = kindOf(*strip);
+            joined = headOf(*strip, *height);
+        }
+        if (kindOf(*strip) != kind) return std::nullopt;
+        appendChunk(joined, "IDAT", rows.take());
     }
-    appendChunk(file, "IDAT", rows.finish());
-    appendChunk(file, "IEND", {});
-    setHeight(file, *first, height);
-    return file;
+    appendChunk(joined, "IDAT", rows.finish());
+    appendChunk(joined, "IEND", {});
+    return joined;
 }
 
 } // namespace vistrel
