@@ -22,7 +22,7 @@ constexpr int kBetweenBlocks = 128;
 
 constexpr quint32 kStoredBlock = 0;    // RFC 1951, 3.2.3.
 constexpr quint32 kEmptyLastBlock = 3; // With the fixed codes: ten bits, all but the first two are 0.
-constexpr qsizetype kReserve = 16;     // Bytes, for the bits that follow a copy.
+constexpr qint64 kPiece = 1 << 20;     // Bytes that are handed out at once, at least.
 constexpr qsizetype kTrailer = 4;      // The checksum, in bytes.
 
 /// The count bits at place, at most 8. A byte beyond them is there.
@@ -115,16 +115,18 @@ void DeflateJoiner::append(const QByteArray& stream, const DeflateBlocks& blocks
 
 void DeflateJoiner::copy(const QByteArray& stream, qint64 from, qint64 to)
 {
-    const qint64 bytes = std::max<qint64>(0, to - from) / 8;
-    const qsizetype size = m_stream.size();
-    m_stream.reserve(size + bytes + kReserve);
-    m_stream.resize(size + bytes);
-    char* target = m_stream.data() + size;
     quint32 pending = m_pending; // Not the member, which every byte written might be a part of.
-    for (const qint64 end = from + bytes * 8; from < end; from += 8) {
-        pending |= bitsAt(stream, from, 8) << m_count;
-        *target++ = char(pending);
-        pending >>= 8;
+    while (to - from >= 8) {
+        const qint64 bytes = std::min((to - from) / 8, kPiece);
+        const qsizetype size = m_piece.size();
+        m_piece.resize(size + bytes);
+        char* target = m_piece.data() + size;
+        for (const qint64 end = from + bytes * 8; from < end; from += 8) {
+            pending |= bitsAt(stream, from, 8) << m_count;
+            *target++ = char(pending);
+            pending >>= 8;
+        }
+        if (m_piece.size() >= kPiece) handOut();
     }
     m_pending = pending;
     if (from < to) put(bitsAt(stream, from, int(to - from)), int(to - from));
@@ -135,21 +137,25 @@ void DeflateJoiner::put(quint32 bits, int count)
     m_pending |= bits << m_count;
     m_count += count;
     for (; m_count >= 8; m_count -= 8) {
-        m_stream.append(char(m_pending));
+        m_piece.append(char(m_pending));
         m_pending >>= 8;
     }
 }
 
-QByteArray DeflateJoiner::take() { return std::exchange(m_stream, {}); }
+void DeflateJoiner::handOut()
+{
+    m_takePiece(m_piece);
+    m_piece.resize(0); // Keeps its memory.
+}
 
-QByteArray DeflateJoiner::finish(quint32 checksum)
+void DeflateJoiner::finish(quint32 checksum)
 {
     put(kEmptyLastBlock, 8);
     put(0, 2 + 7); // The block's end, and the rest of its last byte.
     std::array<char, sizeof checksum> trailer{};
     qToBigEndian(checksum, trailer.data());
-    m_stream.append(trailer.data(), trailer.size());
-    return take();
+    m_piece.append(trailer.data(), trailer.size());
+    handOut();
 }
 
 } // namespace vistrel

@@ -2,7 +2,9 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace vistrel
 {
@@ -26,25 +28,29 @@ struct DeflateBlocks {
 /// Nothing when stream is damaged.
 std::optional<DeflateBlocks> readDeflateBlocks(const QByteArray& stream);
 
-/// Puts blocks of several zlib streams together as one.
+/// Puts blocks of several zlib streams together as one, and hands that out in pieces as it grows.
 class DeflateJoiner
 {
 public:
+    using TakePiece = std::function<void(const QByteArray&)>;
+
+    /// takePiece gets a piece of about a megabyte, or what there is at the end.
+    explicit DeflateJoiner(TakePiece takePiece) : m_takePiece(std::move(takePiece)) {}
+
     /// Appends the blocks of stream from the place given, where one begins. They have to be shiftable.
     void append(const QByteArray& stream, const DeflateBlocks& blocks, qint64 from);
 
-    /// The whole bytes of the stream that are there so far and were not taken before.
-    QByteArray take();
-
     /// The rest of the stream, with the checksum of all that it unpacks to. The last call.
-    QByteArray finish(quint32 checksum);
+    void finish(quint32 checksum);
 
 private:
     void copy(const QByteArray& stream, qint64 from, qint64 to);
     void put(quint32 bits, int count);
+    void handOut();
 
-    QByteArray m_stream = QByteArray("\x78\x01"); // The largest window, fast compression.
-    quint32 m_pending = 0;                        // The lowest m_count bits are not in m_stream yet.
+    TakePiece m_takePiece;
+    QByteArray m_piece = QByteArray("\x78\x01"); // The largest window, fast compression.
+    quint32 m_pending = 0;                       // The lowest m_count bits are not in m_piece yet.
     int m_count = 0;
 };
 

@@ -74,16 +74,22 @@ int longestSide(ImageFormat format)
     return 1000000; // libpng's default.
 }
 
-/// The file of format that the strips become without being decoded; none where they cannot.
-Result<std::optional<QByteArray>> encodedFile(const PagePicture& picture, ImageFormat format)
+/// Writes the file that the strips become without being decoded; false, and nothing is written, where they
+/// cannot.
+Result<bool> writeStrips(const PagePicture& picture, ImageFormat format, PictureSink& sink)
 {
     const bool isJpeg = picture.encoding() == PagePicture::Encoding::Jpeg;
-    if (format != (isJpeg ? ImageFormat::Jpeg : ImageFormat::Png)) return std::optional<QByteArray>();
-    if (picture.strips().size() == 1) return std::optional(picture.strips().first());
-    if (!isJpeg) return joinPngStrips(picture.strips());
+    const auto write = [&sink](const QByteArray& bytes) { sink.write(bytes.constData(), bytes.size()); };
+    if (format != (isJpeg ? ImageFormat::Jpeg : ImageFormat::Png)) return false;
+    if (picture.strips().size() == 1) {
+        write(picture.strips().first());
+        return true;
+    }
+    if (!isJpeg) return joinPngStrips(picture.strips(), write);
     const auto joined = joinJpegStrips(picture.strips());
     if (!joined) return joined.error();
-    return std::optional(*joined);
+    write(*joined);
+    return true;
 }
 
 /// open gives the picture, to be read from the top; it may be asked more than once.
@@ -158,11 +164,9 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
     const auto fits = checkFits(picture.size(), format);
     if (!fits) return fits;
     return guarded(device, [&](PictureSink& sink) -> Result<void> {
-        const auto file = encodedFile(picture, format);
-        if (!file) return file.error();
-        if (!*file) return encode([&] { return decode(picture); }, format, quality, sink);
-        sink.write((*file)->constData(), (*file)->size());
-        return {};
+        const auto written = writeStrips(picture, format, sink);
+        if (!written) return written.error();
+        return *written ? Result<void>() : encode([&] { return decode(picture); }, format, quality, sink);
     });
 }
 

@@ -5,6 +5,8 @@
 
 #include <QtEndian>
 
+#include <utility>
+#include <vector>
 #include <zlib.h>
 
 namespace vistrel
@@ -62,18 +64,19 @@ QByteArray kindOf(const PngStrip& strip)
     return kind.remove(kHeight, sizeof(quint32));
 }
 
-void appendChunk(QByteArray& file, QByteArrayView type, const QByteArray& content)
+QByteArray chunk(QByteArrayView type, const QByteArray& content)
 {
-    const auto number = [&file](quint32 value) {
+    QByteArray chunk;
+    chunk.reserve(content.size() + kChunkFrame);
+    const auto append = [&chunk](quint32 value) {
         value = qToBigEndian(value);
-        file.append(reinterpret_cast<const char*>(&value), sizeof value);
+        chunk.append(reinterpret_cast<const char*>(&value), sizeof value);
     };
-    uLong check = crc32(0, reinterpret_cast<const Bytef*>(type.data()), uInt(type.size()));
-    if (!content.isEmpty()) // Without bytes, crc32() begins anew.
-        check = crc32(check, reinterpret_cast<const Bytef*>(content.constData()), uInt(content.size()));
-    number(quint32(content.size()));
-    file.append(type).append(content);
-    number(quint32(check));
+    append(quint32(content.size()));
+    chunk.append(type).append(content);
+    const auto* checked = reinterpret_cast<const Bytef*>(chunk.constData()) + sizeof(quint32);
+    append(quint32(crc32(0, checked, uInt(type.size() + content.size()))));
+    return chunk;
 }
 
 /// The checksum of bytes that had kUp at their start and now have kNone.
@@ -95,59 +98,65 @@ QByteArray packed(const QByteArray& bytes)
     return stream.first(qsizetype(size));
 }
 
-/// Puts the rows of strips one below the other.
-class RowJoiner
-{
-public:
-    /// False when it cannot.
-    bool append(const PngStrip& strip)
-    {
-        auto blocks = readDeflateBlocks(strip.pixels);
-        if (!blocks || !blocks->isShiftable || blocks->head.isEmpty()) return false;
-        const char filter = blocks->head.front();
-        if (m_byteCount > 0 && filter >= kAverage) return false;
-        qint64 from = DeflateBlocks::kStart;
-        if (m_byteCount > 0 && filter == kUp) {
-            if (!appendWithoutUp(*blocks)) return false;
-            from = blocks->headEnd;
-        }
-        m_joiner.append(strip.pixels, *blocks, from);
-        m_checksum = quint32(adler32_combine(m_checksum, blocks->checksum, z_off_t(blocks->byteCount)));
-        m_byteCount += blocks->byteCount;
-        return true;
-    }
-
-    /// What the joined rows have come to since the last call.
-    QByteArray take() { return m_joiner.take(); }
-    QByteArray finish() { return m_joiner.finish(m_checksum); }
-
-private:
-    /// Without a row above, kUp takes nothing away, as kNone does with any row. The blocks that follow the
-    /// head do not refer to the byte that is exchanged.
-    bool appendWithoutUp(DeflateBlocks& blocks)
-    {
-        blocks.head[0] = kNone;
-        blocks.checksum = withoutUp(blocks.checksum, blocks.byteCount);
-        const QByteArray stream = packed(blocks.head);
-        const auto head = readDeflateBlocks(stream);
-        if (!head || !head->isShiftable) return false;
-        m_joiner.append(stream, *head, DeflateBlocks::kStart);
-        return true;
-    }
-
-    DeflateJoiner m_joiner;
-    quint32 m_checksum = 1; // Adler-32 of nothing.
-    qint64 m_byteCount = 0;
+/// What of a strip's stream is taken over.
+struct StripRows {
+    QByteArray head; // A stream of the first rows, where they are not taken as they stand.
+    DeflateBlocks headBlocks;
+    DeflateBlocks blocks;
+    qint64 from = DeflateBlocks::kStart; // The first block that is.
 };
+
+/// Without a row above, kUp takes nothing away, as kNone does with any row. The blocks that follow the head
+/// do not refer to the byte that is exchanged. False when it cannot.
+bool exchangeUp(StripRows& rows)
+{
+    rows.blocks.head[0] = kNone;
+    rows.blocks.checksum = withoutUp(rows.blocks.checksum, rows.blocks.byteCount);
+    rows.from = rows.blocks.headEnd;
+    rows.head = packed(rows.blocks.head);
+    const auto blocks = readDeflateBlocks(rows.head);
+    if (!blocks || !blocks->isShiftable) return false;
+    rows.headBlocks = *blocks;
+    return true;
+}
+
+/// Nothing when the rows cannot be put below others.
+std::optional<StripRows> planRows(const PngStrip& strip, bool isFirst)
+{
+    StripRows rows;
+    const auto blocks = readDeflateBlocks(strip.pixels);
+    if (!blocks || !blocks->isShiftable || blocks->head.isEmpty()) return std::nullopt;
+    rows.blocks = *blocks;
+    const char filter = rows.blocks.head.front();
+    if (!isFirst && filter >= kAverage) return std::nullopt;
+    if (!isFirst && filter == kUp && !exchangeUp(rows)) return std::nullopt;
+    rows.blocks.head.clear();
+    rows.headBlocks.head.clear();
+    return rows;
+}
+
+/// Of all strips, in their order; nothing when they cannot be joined.
+std::optional<std::vector<StripRows>> planRows(const QList<QByteArray>& files)
+{
+    std::vector<StripRows> plan;
+    QByteArray kind;
+    for (const QByteArray& file : files) {
+        const auto strip = readStrip(file);
+        if (!strip || (!plan.empty() && kindOf(*strip) != kind)) return std::nullopt;
+        kind = kindOf(*strip);
+        const auto rows = planRows(*strip, plan.empty());
+        if (!rows) return std::nullopt;
+        plan.push_back(*rows);
+    }
+    return plan.empty() ? std::nullopt : std::optional(std::move(plan));
+}
 
 /// Everything up to the pixels.
 QByteArray headOf(const PngStrip& first, quint32 height)
 {
     QByteArray header = first.header;
     qToBigEndian(height, header.data() + kHeight);
-    QByteArray file("\x89PNG\r\n\x1a\n");
-    appendChunk(file, "IHDR", header);
-    return file + first.preface;
+    return "\x89PNG\r\n\x1a\n" + chunk("IHDR", header) + first.preface;
 }
 
 /// Of all strips, px.
@@ -164,27 +173,24 @@ std::optional<quint32> heightOf(const QList<QByteArray>& files)
 
 } // namespace
 
-// One strip after the other, so that only one is held in pieces.
-std::optional<QByteArray> joinPngStrips(const QList<QByteArray>& files)
+bool joinPngStrips(const QList<QByteArray>& files, const std::function<void(const QByteArray&)>& write)
 {
     const auto height = heightOf(files);
-    if (files.isEmpty() || !height) return std::nullopt;
-    QByteArray joined;
-    QByteArray kind;
-    RowJoiner rows;
-    for (const QByteArray& file : files) {
-        const auto strip = readStrip(file);
-        if (!strip || !rows.append(*strip)) return std::nullopt;
-        if (joined.isEmpty()) {
-            kind = kindOf(*strip);
-            joined = headOf(*strip, *height);
-        }
-        if (kindOf(*strip) != kind) return std::nullopt;
-        appendChunk(joined, "IDAT", rows.take());
+    const auto plan = planRows(files);
+    if (!height || !plan) return false;
+    DeflateJoiner joiner([&write](const QByteArray& piece) { write(chunk("IDAT", piece)); });
+    quint32 checksum = 1; // Adler-32 of nothing.
+    for (size_t i = 0; i < plan->size(); ++i) {
+        const StripRows& rows = (*plan)[i];
+        const auto strip = readStrip(files[qsizetype(i)]);
+        if (i == 0) write(headOf(*strip, *height));
+        if (!rows.head.isEmpty()) joiner.append(rows.head, rows.headBlocks, DeflateBlocks::kStart);
+        joiner.append(strip->pixels, rows.blocks, rows.from);
+        checksum = quint32(adler32_combine(checksum, rows.blocks.checksum, z_off_t(rows.blocks.byteCount)));
     }
-    appendChunk(joined, "IDAT", rows.finish());
-    appendChunk(joined, "IEND", {});
-    return joined;
+    joiner.finish(checksum);
+    write(chunk("IEND", {}));
+    return true;
 }
 
 } // namespace vistrel
