@@ -22,7 +22,7 @@ constexpr int kBetweenBlocks = 128;
 
 constexpr quint32 kStoredBlock = 0;    // RFC 1951, 3.2.3.
 constexpr quint32 kEmptyLastBlock = 3; // With the fixed codes: ten bits, all but the first two are 0.
-constexpr qint64 kPiece = 1 << 20;     // Bytes that are handed out at once, at least.
+constexpr qint64 kPiece = 256 * 1024;  // Bytes that are handed out at once: so many, up to twice that.
 constexpr qsizetype kTrailer = 4;      // The checksum, in bytes.
 
 /// The count bits at place, at most 8. A byte beyond them is there.

@@ -34,7 +34,7 @@ class DeflateJoiner
 public:
     using TakePiece = std::function<void(const QByteArray&)>;
 
-    /// takePiece gets a piece of about a megabyte, or what there is at the end.
+    /// takePiece gets pieces of 256 to 512 KiB, and what there is at the end.
     explicit DeflateJoiner(TakePiece takePiece) : m_takePiece(std::move(takePiece)) {}
 
     /// Appends the blocks of stream from the place given, where one begins. They have to be shiftable.

@@ -87,10 +87,11 @@ std::optional<QByteArray> joined(const QList<QByteArray>& strips)
 
 TEST(PngJoiner, ShowsTheStripsOneBelowTheOther)
 {
-    const QImage image = sample({300, 1200});
-    for (const QList<int>& ends : {QList<int>{1200}, {700, 1200}, {1, 2, 12, 400, 800, 1190, 1200}}) {
+    const QImage image = sample({900, 2000});
+    for (const QList<int>& ends : {QList<int>{2000}, {1200, 2000}, {1, 2, 12, 400, 800, 1990, 2000}}) {
         const auto file = joined(stripsOf(image, ends));
         ASSERT_TRUE(file);
+        EXPECT_GT(file->size(), 1'000'000) << "written in several pieces";
         EXPECT_EQ(QImage::fromData(*file).convertToFormat(QImage::Format_RGB888), image) << ends.size();
         EXPECT_EQ(*file, joined(stripsOf(image, ends))) << "the same strips give the same file";
     }
