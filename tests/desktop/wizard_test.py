@@ -152,7 +152,7 @@ class WizardTest(unittest.TestCase):
                 self.assertEqual(expected, lists['saved'].read_bytes().decode())
             wizard.close()
 
-    def test_stop_between_entries_ends_the_run(self):
+    def test_stop_before_an_entry_ends_the_run(self):
         self.wizard.write_settings(NameAs=BY_NUMBER)
         with self.wizard as wizard:
             wizard.replace_list(self.site.address('/green'))
