@@ -74,7 +74,7 @@ function drawBox(e) {
     element('span', link, e.reason || e.state, 'why');
   }
   element('p', box, e.text).title = e.text;
-  const facts = e.width ? e.width + ' \u00d7 ' + e.height + ' px' : e.state;
+  const facts = e.width > 0 ? e.width + ' \u00d7 ' + e.height + ' px' : e.state;
   element('small', element('p', box), 'line ' + e.line + ' \u00b7 ' + facts);
   if (e.note) element('p', box, e.note, 'odd');
   return box;

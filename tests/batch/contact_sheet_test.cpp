@@ -100,11 +100,13 @@ QByteArray largeSheet(const test::TempFolder& folder)
         entry.number = entry.line = number;
         entry.text = u"http://site%1.example/page/%2"_s.arg(number % 50).arg(number);
         Outcome outcome = number % 10 == 0 ? Outcome::failed(u"ERR_TIMED_OUT"_s) : Outcome();
-        if (number % 10 != 0) outcome.state = EntryState::Converted;
+        if (number % 10 != 0) {
+            outcome.state = EntryState::Converted;
+            outcome.size = {1280, 900};
+        }
         if (number % 10 == 1) outcome.note = u"HTTP 404"_s;
         if (number % 10 == 2) outcome.note = u"the page never finished loading"_s;
         if (number > 9900) outcome = Outcome::skipped(u"the run was ended before"_s);
-        outcome.size = {1280, 900};
         sheet.add(entry, outcome);
     }
     EXPECT_TRUE(sheet.close());
@@ -124,6 +126,7 @@ TEST(ContactSheet, TenThousandEntriesAreSearchedAndFilteredInABrowser)
     EXPECT_LT(sheet.evaluate(u"document.querySelectorAll('article').length"_s).toInt(), 200);
     sheet.press(u"failed"_s);
     EXPECT_EQ(sheet.shownOfAll(), u"990 of 10000");
+    EXPECT_EQ(sheet.evaluate(u"document.querySelector('article small').textContent"_s), u"line 10 · failed");
     sheet.search(u"site20.example TIMED"_s);
     EXPECT_EQ(sheet.shownOfAll(), u"198 of 10000");
     sheet.press(u"all"_s);
