@@ -2,6 +2,7 @@
 
 #include "capture/image/image_encoder.h"
 #include "capture/page/archive.h"
+#include "capture/page/hung_parts.h"
 #include "capture/page/local_files.h"
 #include "capture/page/page_setup.h"
 #include "capture/page/page_steps.h"
@@ -64,30 +65,31 @@ std::chrono::milliseconds PageRun::timeoutOf(const PageRequest& request)
 Task<Result<PageShot>> PageRun::run()
 {
     const auto self = shared_from_this();
-    const QDeadlineTimer deadline(m_request.timeout);
+    m_deadline.setRemainingTime(m_request.timeout);
     report(0);
     m_target = reusedTarget();
     if (m_target) {
-        auto shot = co_await runInTarget(deadline);
-        if (shot || m_cancelled || deadline.hasExpired()) co_return shot;
+        auto shot = co_await runInTarget();
+        if (shot || m_cancelled || m_deadline.hasExpired()) co_return shot;
         qCInfo(logPage).noquote() << shot.error().text()
                                   << "in a page that was used before; trying a fresh one";
         m_attempt = {};
     }
     const auto opened = co_await open();
     if (!opened) co_return opened.error();
-    co_return co_await runInTarget(deadline);
+    co_return co_await runInTarget();
 }
 
-Task<Result<PageShot>> PageRun::runInTarget(QDeadlineTimer deadline)
+Task<Result<PageShot>> PageRun::runInTarget()
 {
     m_session = m_target->session();
     if (m_cancelled) m_session->end(cancelled());
     report(kOpened);
-    QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), m_session.get(),
+    QTimer::singleShot(std::chrono::milliseconds(m_deadline.remainingTime()), m_session.get(),
                        [this] { runOut(); });
     auto shot = co_await runOpened();
     if (shot && mayBeReused()) m_target->keep(nameOfSetup(m_request));
+    m_httpStatus = m_watch->httpStatus();
     m_files.reset();
     m_headers.reset();
     m_watch.reset();
@@ -207,8 +209,7 @@ Task<Result<void>> PageRun::replaceDocument()
 
 Task<Result<void>> PageRun::waitForDocument()
 {
-    const auto parsed =
-        co_await m_session->until([this] { return m_watch->isParsed(); }, m_request.timeout, u"the markup"_s);
+    const auto parsed = co_await waitForMarkup();
     if (!parsed) co_return parsed.error().during(u"loading the page"_s);
     const auto loaded = co_await m_session->until(
         [this] { return m_watch->isLoaded() && !m_watch->isLeaving(); }, loadLimit(), u"loading"_s);
@@ -218,6 +219,22 @@ Task<Result<void>> PageRun::waitForDocument()
         m_session->post(u"Page.stopLoading"_s);
     }
     co_return checkDocument();
+}
+
+/// Markup that is all there, but waits for a part of the page for too long, is loaded anew without that part.
+Task<Result<void>> PageRun::waitForMarkup()
+{
+    const auto isParsed = [this] { return m_watch->isParsed(); };
+    auto parsed = co_await m_session->until(isParsed, m_request.timeout / 3, u"the markup"_s);
+    const QList<QUrl> hung = parsed ? QList<QUrl>() : m_watch->awaitedParts();
+    if (!hung.isEmpty()) {
+        m_attempt.leftOut += hung;
+        warn(describeLeftOut(hung));
+        const auto reloaded = co_await reloadWithout(m_session, *m_watch, m_attempt.leftOut);
+        if (!reloaded) co_return reloaded.error();
+    }
+    if (!parsed) parsed = co_await m_session->until(isParsed, m_request.timeout, u"the markup"_s);
+    co_return parsed;
 }
 
 Task<Result<void>> PageRun::navigateToFirstReachable()
@@ -381,6 +398,11 @@ void PageRun::warn(const QString& words)
     m_attempt.warnings += words;
 }
 
-std::chrono::milliseconds PageRun::loadLimit() const { return m_request.timeout * 6 / 10; }
+/// Leaves time for the delay, for settling and for the picture.
+std::chrono::milliseconds PageRun::loadLimit() const
+{
+    const std::chrono::milliseconds left(m_deadline.remainingTime());
+    return std::max(left - m_request.delay, std::chrono::milliseconds(0)) * 6 / 10;
+}
 
 } // namespace vistrel

@@ -38,6 +38,10 @@ public:
     /// Ends the run soon with Error::Kind::Cancelled; after its end it does nothing.
     void cancel();
 
+    /// Of the document that the run ended with, whether or not a picture came of it; 0 when no server
+    /// answered.
+    [[nodiscard]] int httpStatus() const { return m_httpStatus; }
+
     /// The time that request allows, its default when it names none.
     static std::chrono::milliseconds timeoutOf(const PageRequest& request);
 
@@ -49,7 +53,7 @@ Q_SIGNALS:
 
 private:
     PageRun(std::shared_ptr<Browser> browser, PageRequest request);
-    Task<Result<PageShot>> runInTarget(QDeadlineTimer deadline);
+    Task<Result<PageShot>> runInTarget();
     Task<Result<PageShot>> runOpened();
     std::shared_ptr<PageTarget> reusedTarget();
     Task<Result<void>> open();
@@ -63,6 +67,7 @@ private:
     Task<Result<void>> navigate(QUrl address);
     Task<Result<void>> replaceDocument();
     Task<Result<void>> waitForDocument();
+    Task<Result<void>> waitForMarkup();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
     /// Makes the window taller than asked for by rows, CSS px: for a page that scrolls inside a container.
@@ -84,12 +89,15 @@ private:
     std::unique_ptr<PageWatch> m_watch;
     std::unique_ptr<LocalFiles> m_files;
     std::unique_ptr<RequestHeaders> m_headers;
+    QDeadlineTimer m_deadline{QDeadlineTimer::Forever};
     QString m_emptyingScript; // Its identifier; see forgetDocument().
     struct {
         QStringList warnings;
         int growth = 0;         // Of the window, CSS px.
+        QList<QUrl> leftOut;    // Parts of the page that never came.
         bool scriptRan = false; // The request's; it runs once, whatever documents follow.
     } m_attempt;
+    int m_httpStatus = 0;
     int m_percent = -1;
     bool m_cancelled = false;
 };

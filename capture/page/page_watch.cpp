@@ -25,6 +25,15 @@ bool PageWatch::keptToItself() const
     return isQuiet() && !m_leaving && !m_isOnline && m_documents.size() == 1 && m_dialogs == 0;
 }
 
+QList<QUrl> PageWatch::awaitedParts() const
+{
+    if (m_requests.contains(m_loaderId)) return {}; // A document's request has its loader's id.
+    QList<QUrl> parts;
+    for (const Request& request : m_requests)
+        if (request.frameId == m_mainFrame && !request.part.isEmpty()) parts += request.part;
+    return parts;
+}
+
 void PageWatch::take(const QString& method, const QJsonObject& params)
 {
     using Handler = void (*)(PageWatch&, const QJsonObject&);
@@ -40,8 +49,9 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
          [](PageWatch& w, const QJsonObject& p) { w.followStop(p[u"frameId"].toString()); }},
         {u"Page.frameDetached"_s,
          [](PageWatch& w, const QJsonObject& p) {
-             w.m_requests.removeIf(
-                 [frame = p[u"frameId"].toString()](const auto& request) { return *request == frame; });
+             w.m_requests.removeIf([frame = p[u"frameId"].toString()](const auto& request) {
+                 return request->frameId == frame;
+             });
          }},
         {u"Page.lifecycleEvent"_s, [](PageWatch& w, const QJsonObject& p) { w.followLifecycle(p); }},
         {u"Network.requestWillBeSent"_s, [](PageWatch& w, const QJsonObject& p) { w.countRequest(p); }},
@@ -76,7 +86,10 @@ void PageWatch::answerDialog(const QJsonObject& params)
 void PageWatch::countRequest(const QJsonObject& params)
 {
     if (params[u"loaderId"].toString().isEmpty()) return;
-    m_requests.insert(params[u"requestId"].toString(), params[u"frameId"].toString());
+    const QString type = params[u"type"].toString();
+    const bool isPart = type == u"Script" || type == u"Stylesheet";
+    const QUrl part = isPart ? QUrl(params[u"request"][u"url"].toString()) : QUrl();
+    m_requests.insert(params[u"requestId"].toString(), {params[u"frameId"].toString(), part});
     ++m_requestCount;
 }
 
@@ -88,6 +101,9 @@ void PageWatch::followNavigation(const QJsonObject& frame)
     m_documents += m_loaderId;
     m_address = QUrl(frame[u"url"].toString());
     m_errorPage = m_address.scheme() == u"chrome-error" || frame.contains(u"unreachableUrl");
+    m_requests.removeIf([this](const auto& request) {
+        return request->frameId == m_mainFrame && request.key() != m_loaderId;
+    });
     m_leaving = false;
     m_parsed = false;
     m_loaded = false;

@@ -39,6 +39,9 @@ public:
     [[nodiscard]] bool isLeaving() const { return m_leaving; }
     /// No request of the page is under way.
     [[nodiscard]] bool isQuiet() const { return m_requests.isEmpty(); }
+    /// The scripts and style sheets under way that the markup may wait for; none while the document itself
+    /// is under way.
+    [[nodiscard]] QList<QUrl> awaitedParts() const;
     /// How many requests it has sent so far.
     [[nodiscard]] int requestCount() const { return m_requestCount; }
     /// The browser shows an error page of its own in place of the document.
@@ -72,9 +75,13 @@ private:
     QString m_loaderId;
     QStringList m_documents; // Loader ids of those that the main frame has come to.
     QUrl m_address;
-    // The frame of each by its id: added when sent, removed when finished or failed, or when the frame goes
-    // or is given to another renderer, whose events are not ours.
-    QHash<QString, QString> m_requests;
+    struct Request {
+        QString frameId;
+        QUrl part; // Of a script or a style sheet; else empty.
+    };
+    // By id: added when sent, removed when finished or failed, or when the frame goes, is given to another
+    // renderer, whose events are not ours, or shows another document.
+    QHash<QString, Request> m_requests;
     int m_requestCount = 0;
     QHash<QString, int> m_statuses; // By loader id, of all that was answered in the main frame.
     qint64 m_bytes = 0;

@@ -97,6 +97,23 @@ TEST_F(HostilePages, ADocumentThatNeverEndsFailsAndAnImageThatNeverEndsDoesNot)
     EXPECT_FALSE(shot->warnings.isEmpty());
 }
 
+TEST_F(HostilePages, MarkupThatWaitsForWhatNeverComesIsShownWithoutIt)
+{
+    server.on(u"/a(b)+c/silent.js"_s, [](Exchange&) {});
+    server.on(u"/silent.css"_s, [](Exchange&) {});
+    const QByteArray inHead = "<!doctype html><link rel=stylesheet href=/silent.css><script>let ran</script>"
+                              "<body style='background:green'>";
+    const QByteArray inBody =
+        "<!doctype html><body style='background:red'><script src='/a(b)+c/silent.js?x'></script>"
+        "<script>document.body.style.background = 'green'</script>";
+    for (const QByteArray& html : {inHead, inBody}) {
+        const auto shot = captureHtml(html, within(6s));
+        EXPECT_EQ(pixel(image(shot), 600, 400), 0x008000u) << html.constData();
+        EXPECT_EQ(shot ? shot->warnings : QStringList(),
+                  QStringList(u"without scripts or styles that never came from \"127.0.0.1\""_s));
+    }
+}
+
 TEST_F(HostilePages, WhatIsNoPageFailsWithItsReason)
 {
     const auto cut = [this](const QString& path, const QByteArray& headers) {
