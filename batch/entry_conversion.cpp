@@ -24,6 +24,8 @@ bool isPassing(const Error& error)
     return error.kind == Error::Kind::Timeout || error.kind == Error::Kind::Protocol;
 }
 
+QString inWords(int httpStatus) { return u"HTTP %1"_s.arg(httpStatus); }
+
 bool isPassing(int httpStatus)
 {
     return httpStatus == 408 || httpStatus == 429 || httpStatus == 500 ||
@@ -49,38 +51,41 @@ Task<Attempt> EntryConversion::run(std::shared_ptr<Browser> browser)
     QElapsedTimer clock;
     clock.start();
     auto shot = co_await takeShot(browser);
+    const int httpStatus = m_run ? m_run->httpStatus() : 0;
     m_run.reset();
     const bool browserLost = !browser->isUsable();
     browser.reset();
     const bool lastAttempt = m_entry.attempts >= m_tools.plan.retries;
     Attempt attempt;
     if (!shot) {
-        attempt = failure(shot.error(), browserLost);
+        attempt = failure(shot.error(), httpStatus, browserLost);
     } else if (m_cancelled) {
         attempt.trouble = Trouble::Cancelled;
-    } else if (isPassing(shot->httpStatus) && !lastAttempt) {
-        attempt = {Outcome::failed(u"HTTP %1"_s.arg(shot->httpStatus)), Trouble::Passing};
+    } else if (isPassing(httpStatus) && !lastAttempt) {
+        attempt = {Outcome::failed(inWords(httpStatus)), Trouble::Passing};
     } else {
         WritingJob job{m_tools, m_entry, std::move(*shot), started, clock};
         const auto writing = QtConcurrent::run(&m_tools.writers, writePictures, std::move(job));
         attempt = co_await writing;
     }
+    attempt.outcome.httpStatus = httpStatus;
     attempt.outcome.started = started;
     attempt.outcome.attempts = m_entry.attempts + 1;
     attempt.outcome.milliseconds = clock.elapsed();
     co_return attempt;
 }
 
-Attempt EntryConversion::failure(const Error& error, bool browserLost) const
+Attempt EntryConversion::failure(const Error& error, int httpStatus, bool browserLost) const
 {
     const QString remedy =
         error.kind == Error::Kind::Timeout ? u"; --timeout gives pages more time"_s : QString();
-    Attempt attempt{Outcome::failed(inWords(error.text()) + remedy)};
+    const Error cause = httpStatus >= 400 ? error.during(inWords(httpStatus)) : error;
+    Attempt attempt{Outcome::failed(inWords(cause.text()) + remedy)};
     if (m_cancelled || error.kind == Error::Kind::Cancelled)
         attempt.trouble = Trouble::Cancelled;
     else if (error.kind == Error::Kind::Closed && browserLost)
         attempt.trouble = Trouble::LostBrowser;
-    else if (isPassing(error))
+    else if (isPassing(error) || isPassing(httpStatus))
         attempt.trouble = Trouble::Passing;
     return attempt;
 }

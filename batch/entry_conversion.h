@@ -52,7 +52,7 @@ public:
 private:
     EntryConversion(const ConversionTools& tools, PendingEntry entry);
     Task<Result<PageShot>> takeShot(std::shared_ptr<Browser> browser);
-    [[nodiscard]] Attempt failure(const Error& error, bool browserLost) const;
+    [[nodiscard]] Attempt failure(const Error& error, int httpStatus, bool browserLost) const;
 
     const ConversionTools m_tools;
     PendingEntry m_entry;

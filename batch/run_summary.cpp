@@ -21,7 +21,8 @@ constexpr qsizetype kShownGroups = 10;
 
 QString generalReason(const QString& reason)
 {
-    static const QRegularExpression particular(u"\"[^\"]*\"|(?<![\\w.])/\\S+|(?<![\\w-])\\d+(\\.\\d+)?"_s);
+    static const QRegularExpression particular(
+        u"\"[^\"]*\"|(?<![\\w.])/\\S+|(?<![\\w-])(?<!HTTP )\\d+(\\.\\d+)?"_s);
     return QString(reason).replace(particular, u"…"_s);
 }
 
@@ -34,7 +35,7 @@ void RunSummary::add(const Entry& entry, const Outcome& outcome)
     }
     if (outcome.state == EntryState::Failed) count(m_failures, generalReason(outcome.reason), entry);
     if (outcome.state == EntryState::Converted && !outcome.note.isEmpty())
-        count(m_notes, outcome.note, entry);
+        count(m_notes, generalReason(outcome.note), entry);
 }
 
 void RunSummary::count(QHash<QString, Group>& groups, const QString& reason, const Entry& entry)

@@ -30,7 +30,8 @@ def flaky(exchange):
 
 
 class Retries(BatchTest):
-    routes = {'/page': page, '/flaky': flaky, '/down': lambda exchange: exchange.reply('no', status=503)}
+    routes = {'/page': page, '/flaky': flaky, '/down': lambda exchange: exchange.reply('no', status=503),
+              '/gone': lambda exchange: exchange.reply('gone', status=410)}
 
     def test_a_server_that_fails_for_a_moment_is_asked_again_with_growing_pauses(self):
         report = self.folder / 'report.jsonl'
@@ -51,6 +52,16 @@ class Retries(BatchTest):
         self.assertEqual(code, 0, said)
         self.assertIn('no such element', json.loads(report.read_text())['note'])
         self.assertRegex(said, '1 converted, but: .*no such element')
+
+    def test_an_answer_that_is_an_error_is_told_of_and_retried_when_its_page_lacks_what_was_asked_for(self):
+        report = self.folder / 'report.jsonl'
+        code, said = self.run_batch('--retry', 2, '--selector', 'p', '--report', report,
+                                    self.write_list(map(self.server.url, ['/flaky', '/gone'])))
+        self.assertEqual(code, 1, said)
+        flaky, gone = map(json.loads, report.read_text().splitlines())
+        self.assertEqual((flaky['attempts'], flaky['status'], flaky['note']), (3, 200, None))
+        self.assertEqual((gone['attempts'], gone['status']), (1, 410))
+        self.assertRegex(said, '1 failed: HTTP 410: the page has no element')
 
     def test_failed_entries_are_tried_again_only_when_that_is_asked_for(self):
         broken = True
