@@ -75,6 +75,18 @@ class Retries(BatchTest):
         self.assertEqual(self.server.requests['/page'], 1)
 
 
+class WrongOptions(BatchTest):
+    routes = {'/page': page}
+
+    def test_a_selector_that_is_none_ends_the_run_before_any_page_is_visited(self):
+        entries = self.write_list([self.server.url('/page')])
+        for option in '--hide', '--selector', '--wait-for':
+            code, said = self.run_batch(option, 'p[', entries)
+            self.assertEqual(code, 2, said)
+            self.assertIn('"p[" is no CSS selector', said)
+        self.assertEqual(self.server.requests['/page'], 0)
+
+
 class Hosts(BatchTest):
     """Of two hosts, both this machine, under its address and its name."""
 
