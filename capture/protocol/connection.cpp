@@ -44,6 +44,8 @@ void Connection::dispatch(const QByteArray& bytes)
 
 void Connection::endAll(const Error& reason)
 {
+    m_browser->end(
+        reason); // First: with it the connection is closed for all who ask when their session ends.
     const auto sessions = std::exchange(m_sessions, {});
     for (const auto& weak : sessions) {
         if (const auto session = weak.lock()) session->end(reason);
