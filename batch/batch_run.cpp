@@ -161,6 +161,8 @@ Task<> BatchRun::settle(PendingEntry entry, Attempt attempt)
         ++entry.attempts;
         m_queue.putBack(entry, pauseBefore(entry.attempts));
     } else {
+        if (attempt.trouble == Trouble::LostBrowser)
+            attempt.outcome.reason = u"the browser went down with this page, twice"_s;
         if (attempt.trouble == Trouble::Unwritable)
             giveUp(ExitCode::SomeFailed, attempt.outcome.reason);
         else if (attempt.trouble != Trouble::Cancelled)

@@ -61,7 +61,7 @@ Result<void> EntryQueue::readMore()
 
 std::optional<PendingEntry> EntryQueue::pick()
 {
-    if (m_running > 0 && memoryIsShort()) return std::nullopt;
+    if (m_running > 0 && mustWait()) return std::nullopt;
     const auto due = std::find_if(m_delayed.begin(), m_delayed.end(), [this](const Delayed& delayed) {
         return delayed.due <= now() && mayStart(delayed.entry);
     });
@@ -77,8 +77,18 @@ std::optional<PendingEntry> EntryQueue::pick()
         m_waiting.erase(next);
     }
     ++m_running;
+    m_alone = picked->lostBrowser;
     m_limits.start(hostOf(picked->entry.target), now());
     return picked;
+}
+
+/// Whether nothing may be started before what is under way has ended.
+bool EntryQueue::mustWait() const
+{
+    const auto runsAlone = [this](const Delayed& delayed) {
+        return delayed.entry.lostBrowser && delayed.due <= now();
+    };
+    return m_alone || std::any_of(m_delayed.begin(), m_delayed.end(), runsAlone) || memoryIsShort();
 }
 
 bool EntryQueue::mayStart(const PendingEntry& entry)

@@ -14,6 +14,8 @@ namespace vistrel
 
 /// Hands the waiting entries of a journal to the workers of a run, in list order as far as the limits for
 /// hosts and the pauses before new attempts allow. It holds a few hundred entries, however many there are.
+///
+/// An entry that lost its browser is worked on alone, for it may be the one that brought the browser down.
 class EntryQueue : public QObject
 {
     Q_OBJECT
@@ -45,6 +47,7 @@ private:
     };
     [[nodiscard]] Result<void> readMore();
     [[nodiscard]] std::optional<PendingEntry> pick();
+    [[nodiscard]] bool mustWait() const;
     [[nodiscard]] bool mayStart(const PendingEntry& entry);
     [[nodiscard]] bool memoryIsShort() const;
     [[nodiscard]] bool isDone() const;
@@ -61,6 +64,7 @@ private:
     QTimer m_lookAgain;    // Wakes the waiters when nothing else does.
     qint64 m_lastRead = 0; // Number of the last entry read.
     int m_running = 0;     // Given out and not released.
+    bool m_alone = false;  // The one given out is worked on alone.
     bool m_exhausted = false;
     bool m_stopped = false;
 };

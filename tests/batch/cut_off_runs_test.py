@@ -56,6 +56,20 @@ class KilledRuns(CutOffTest):
             kill(process)
 
 
+class LostBrowsers(CutOffTest):
+    def test_a_page_that_brings_browsers_down_takes_no_other_with_it(self):
+        self.server.routes['/killer'] = lambda exchange: kill_browsers(self.temporary)
+        lines = self.addresses(12)
+        code, said = self.run_batch('-j', 4, self.write_list([*lines[:2], self.server.url('/killer'), *lines[2:]]))
+        self.assertEqual(code, SOME_FAILED, said)
+        self.assertEqual([number for number, state in self.states().items() if state != CONVERTED], [3], said)
+        self.assertIn('the browser went down with this page, twice', said)
+
+
+def kill_browsers(temporary):
+    subprocess.run(['pkill', '-KILL', '-f', f'user-data-dir={temporary}'])
+
+
 class InterruptedRuns(CutOffTest):
     def test_a_request_to_end_is_followed_at_once_and_the_run_can_go_on(self):
         entries = self.write_list(self.addresses(300))
