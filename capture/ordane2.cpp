@@ -89,15 +89,27 @@ private:
         if (m_loop != nullptr) m_loop->quit();
     }
 
+    /// A page that loses its browser gets another one, once.
     Task<Result<PageShot>> takeShot(QString entry)
     {
         auto request = m_request;
         const auto addresses = resolveAddress(entry);
         if (!addresses) co_return addresses.error();
         request.addresses = *addresses;
-        const auto browser = co_await m_keeper.browser(PageRun::timeoutOf(request));
-        if (!browser) co_return browser.error();
-        m_run = PageRun::create(*browser, request);
+        std::shared_ptr<Browser> lost; // Kept to the end: it may just be telling that it is.
+        for (;;) {
+            const auto browser = co_await m_keeper.browser(PageRun::timeoutOf(request));
+            if (!browser) co_return browser.error();
+            auto shot = co_await takeShotIn(*browser, request);
+            const bool isLost = !shot && shot.error().kind == Error::Kind::Closed && !(*browser)->isUsable();
+            if (!isLost || lost) co_return shot;
+            lost = *browser;
+        }
+    }
+
+    Task<Result<PageShot>> takeShotIn(std::shared_ptr<Browser> browser, PageRequest request)
+    {
+        m_run = PageRun::create(std::move(browser), std::move(request));
         connect(m_run.get(), &PageRun::progress, this, [this](int percent) {
             if (m_progress) m_progress(percent);
         });

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -115,6 +116,20 @@ TEST_F(Ordane2Test, ReleasedDuringACaptureItEndsAtOnce)
         EXPECT_LT(clock.elapsed(), after + 3000) << after;
         EXPECT_EQ(scratchFolders(), QStringList()) << after;
     }
+}
+
+TEST_F(Ordane2Test, APageThatLosesItsBrowserIsCapturedInAnother)
+{
+    Ordane2 component;
+    component.SetRenderDelay(1500);
+    int kills = 0;
+    component.setProgressHandler([&kills](qint32 percent) {
+        if (percent < 70 || kills++ > 0) return;
+        QProcess::execute(u"pkill"_s, {u"-9"_s, u"-f"_s, scratchFolders().first()});
+    });
+    component.CapturePage(page(u"short.html"_s, "<p>hello"), u"*"_s);
+    EXPECT_GT(kills, 0);
+    EXPECT_EQ(component.GetCaptureStatus(), 1);
 }
 
 TEST_F(Ordane2Test, TheEventLoopTurnsAndProgressIsTold)
