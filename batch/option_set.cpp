@@ -24,7 +24,7 @@ const char* const kFooter =
 {width} {height}.
 The output folder keeps a journal of the run; --resume goes on where the run ended, however it ended.
 Exit codes: 0 all converted, 1 some entries failed or a report could not be written, 2 usage,
-3 the browser could not be started, 130 and 143 interrupted.)";
+3 the browser could not be started, 129, 130 and 143 interrupted.)";
 
 // The headings of the help.
 const char* const kInput = "What to convert";
