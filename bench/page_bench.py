@@ -5,7 +5,10 @@ account with the browser's sandbox on. Nothing is fetched from the network: a mi
 scripts/bench runs this; --help tells the options.
 """
 import argparse
+import functools
+import http.server
 import json
+import multiprocessing
 import os
 import pathlib
 import shutil
@@ -19,7 +22,7 @@ from dataclasses import dataclass
 import tree_usage
 from picture_size import picture_size
 
-OFFLINE = '--host-resolver-rules=MAP * ~NOTFOUND'
+OFFLINE = '--host-resolver-rules=MAP * ~NOTFOUND, EXCLUDE 127.0.0.1'
 VIEWPORT = (1280, 800)
 ACCOUNT, GROUP = 'nobody', 'nogroup'  # Chromium refuses to run as the superuser with its sandbox on.
 ENDINGS = {'jpeg': ('jpg', 'jpeg'), 'png': ('png',)}
@@ -36,6 +39,25 @@ class Setting:
     jobs: str
 
 
+class PageServer(multiprocessing.Process):
+    """A web server of this machine's own, in a process that counts for none of the ways and ends with us."""
+
+    def __init__(self, folder):
+        super().__init__(daemon=True)
+        self.folder = folder
+        self._server = http.server.ThreadingHTTPServer(
+            ('127.0.0.1', 0), functools.partial(SilentHandler, directory=folder))
+        self.port = self._server.server_port
+
+    def run(self):
+        self._server.serve_forever()
+
+
+class SilentHandler(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *_):
+        pass
+
+
 class Workshop:
     """A folder that the unprivileged account can read: browser, programs, pages, results."""
 
@@ -43,7 +65,7 @@ class Workshop:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix='vistrel-bench-'))
         self.pages = self._copy_pages(options.pages, options.limit)
         self.list = self.folder / 'list.txt'
-        self.list.write_text(''.join(page.as_uri() + '\n' for page in self.pages))
+        self.list.write_text(''.join(f'{address}\n' for address in self._addresses(options.served)))
         self.browser = self._write_browser(options.browser)
         self.program = shutil.copy2(options.program, self.folder)
         self.drivers = shutil.copytree(options.peers, self.folder / 'peers')
@@ -52,6 +74,13 @@ class Workshop:
     def _copy_pages(self, source, limit):
         copy = shutil.copytree(source, self.folder / 'pages')
         return sorted(copy.rglob('*.html'))[:limit]
+
+    def _addresses(self, served):
+        if not served:
+            return [page.as_uri() for page in self.pages]
+        server = PageServer(self.folder / 'pages')
+        server.start()
+        return [f'http://127.0.0.1:{server.port}/{page.relative_to(server.folder)}' for page in self.pages]
 
     def _write_browser(self, program):
         """The browser without a network, as a program that every way starts."""
@@ -201,6 +230,7 @@ def read_options():
     parser.add_argument('--pages', required=True, type=pathlib.Path, help='folder of HTML files')
     parser.add_argument('--rounds', type=int, help='how often each setting runs (3)')
     parser.add_argument('--formats', default='jpeg,png', type=lambda text: text.split(','))
+    parser.add_argument('--served', action='store_true', help='from a web server on this machine, not as local files')
     parser.add_argument('--quick', action='store_true', help='ten pages, one round, one setting of each way')
     parser.add_argument('--limit', type=int, help='the first so many pages only')
     parser.add_argument('--browser', required=True, help='the browser program')
