@@ -28,8 +28,6 @@ QJsonObject blockingOf(const QList<QUrl>& parts)
     return {{u"urlPatterns"_s, patterns}};
 }
 
-} // namespace
-
 Task<Result<void>> reloadWithout(std::shared_ptr<Session> session, const PageWatch& watch, QList<QUrl> parts)
 {
     const QJsonObject blocking = blockingOf(parts);
@@ -40,6 +38,24 @@ Task<Result<void>> reloadWithout(std::shared_ptr<Session> session, const PageWat
     const auto reloading = co_await session->call(u"Page.reload"_s);
     if (!reloading) co_return reloading.error();
     co_return co_await session->until(isReplaced, Session::kShortCall, u"the page to load anew"_s);
+}
+
+} // namespace
+
+Task<Result<QList<QUrl>>> waitForMarkup(std::shared_ptr<Session> session, const PageWatch& watch,
+                                        Session::Limit patience)
+{
+    const auto isParsed = [&watch] { return watch.isParsed(); };
+    const auto parsed = co_await session->until(isParsed, patience, QString());
+    if (parsed) co_return QList<QUrl>();
+    const QList<QUrl> hung = watch.awaitedParts();
+    if (!hung.isEmpty()) {
+        const auto reloaded = co_await reloadWithout(session, watch, hung);
+        if (!reloaded) co_return reloaded.error();
+    }
+    const auto parsedLater = co_await session->until(isParsed, Session::kNoLimit, QString());
+    if (!parsedLater) co_return parsedLater.error();
+    co_return Result(hung);
 }
 
 QString describeLeftOut(const QList<QUrl>& parts)

@@ -9,8 +9,10 @@ namespace vistrel
 // A page's markup waits for the scripts in it, and these for the style sheets before them. One that is never
 // answered would keep all below it from being shown.
 
-/// Loads the page of session anew without parts; ends once the new document is there.
-Task<Result<void>> reloadWithout(std::shared_ptr<Session> session, const PageWatch& watch, QList<QUrl> parts);
+/// Waits until the markup is parsed. When it is all there, but waits for such parts even after patience, the
+/// page is loaded anew without them; those are what comes back.
+Task<Result<QList<QUrl>>> waitForMarkup(std::shared_ptr<Session> session, const PageWatch& watch,
+                                        Session::Limit patience);
 
 /// Says that a page is shown without parts, by their hosts.
 [[nodiscard]] QString describeLeftOut(const QList<QUrl>& parts);

@@ -209,8 +209,9 @@ Task<Result<void>> PageRun::replaceDocument()
 
 Task<Result<void>> PageRun::waitForDocument()
 {
-    const auto parsed = co_await waitForMarkup();
-    if (!parsed) co_return parsed.error().during(u"loading the page"_s);
+    const auto leftOut = co_await waitForMarkup(m_session, *m_watch, m_request.timeout / 3);
+    if (!leftOut) co_return leftOut.error().during(u"loading the page"_s);
+    if (!leftOut->isEmpty()) warn(describeLeftOut(*leftOut));
     const auto loaded = co_await m_session->until(
         [this] { return m_watch->isLoaded() && !m_watch->isLeaving(); }, loadLimit(), u"loading"_s);
     if (!m_session->isOpen()) co_return loaded.error().during(u"loading the page"_s);
@@ -219,22 +220,6 @@ Task<Result<void>> PageRun::waitForDocument()
         m_session->post(u"Page.stopLoading"_s);
     }
     co_return checkDocument();
-}
-
-/// Markup that is all there, but waits for a part of the page for too long, is loaded anew without that part.
-Task<Result<void>> PageRun::waitForMarkup()
-{
-    const auto isParsed = [this] { return m_watch->isParsed(); };
-    auto parsed = co_await m_session->until(isParsed, m_request.timeout / 3, u"the markup"_s);
-    const QList<QUrl> hung = parsed ? QList<QUrl>() : m_watch->awaitedParts();
-    if (!hung.isEmpty()) {
-        m_attempt.leftOut += hung;
-        warn(describeLeftOut(hung));
-        const auto reloaded = co_await reloadWithout(m_session, *m_watch, m_attempt.leftOut);
-        if (!reloaded) co_return reloaded.error();
-    }
-    if (!parsed) parsed = co_await m_session->until(isParsed, m_request.timeout, u"the markup"_s);
-    co_return parsed;
 }
 
 Task<Result<void>> PageRun::navigateToFirstReachable()

@@ -67,7 +67,6 @@ private:
     Task<Result<void>> navigate(QUrl address);
     Task<Result<void>> replaceDocument();
     Task<Result<void>> waitForDocument();
-    Task<Result<void>> waitForMarkup();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
     /// Makes the window taller than asked for by rows, CSS px: for a page that scrolls inside a container.
@@ -94,7 +93,6 @@ private:
     struct {
         QStringList warnings;
         int growth = 0;         // Of the window, CSS px.
-        QList<QUrl> leftOut;    // Parts of the page that never came.
         bool scriptRan = false; // The request's; it runs once, whatever documents follow.
     } m_attempt;
     int m_httpStatus = 0;

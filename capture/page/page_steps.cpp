@@ -16,7 +16,6 @@ namespace
 
 constexpr Session::Limit kIdleTime = std::chrono::milliseconds(500);
 constexpr Session::Limit kLookInterval = std::chrono::milliseconds(50);
-constexpr Session::Limit kNoLimit = std::chrono::hours(24); // The session's end comes first.
 
 /// An array of texts, as a script writes it.
 QString literal(const QStringList& texts)
@@ -84,7 +83,7 @@ Task<Result<void>> runInPage(std::shared_ptr<Session> session, QString script)
     const QJsonObject params{{u"expression"_s, u"(async () => {\n%1\n})()"_s.arg(script)},
                              {u"awaitPromise"_s, true},
                              {u"silent"_s, true}};
-    const auto reply = co_await session->call(u"Runtime.evaluate"_s, params, kNoLimit);
+    const auto reply = co_await session->call(u"Runtime.evaluate"_s, params, Session::kNoLimit);
     if (!reply) co_return reply.error();
     const QJsonObject problem = reply->result.value(u"exceptionDetails"_s).toObject();
     if (problem.isEmpty()) co_return Result<void>();

@@ -28,6 +28,8 @@ public:
     using Limit = std::chrono::milliseconds;
     /// For calls that the browser answers without loading or drawing anything.
     static constexpr Limit kShortCall = std::chrono::seconds(10);
+    /// For what the session's end will end.
+    static constexpr Limit kNoLimit = std::chrono::hours(24);
 
     [[nodiscard]] const QString& id() const { return m_id; }
     [[nodiscard]] bool isOpen() const { return !m_ended; }
