@@ -48,10 +48,10 @@ Task<Result<QList<QUrl>>> waitForMarkup(std::shared_ptr<Session> session, const 
     const auto isParsed = [&watch] { return watch.isParsed(); };
     const auto parsed = co_await session->until(isParsed, patience, QString());
     if (parsed) co_return QList<QUrl>();
-    const QList<QUrl> hung = watch.awaitedParts();
+    QList<QUrl> hung = watch.awaitedParts();
     if (!hung.isEmpty()) {
         const auto reloaded = co_await reloadWithout(session, watch, hung);
-        if (!reloaded) co_return reloaded.error();
+        if (!reloaded) hung.clear(); // They may come yet.
     }
     const auto parsedLater = co_await session->until(isParsed, Session::kNoLimit, QString());
     if (!parsedLater) co_return parsedLater.error();

@@ -87,9 +87,10 @@ void PageWatch::countRequest(const QJsonObject& params)
 {
     if (params[u"loaderId"].toString().isEmpty()) return;
     const QString type = params[u"type"].toString();
-    const bool isPart = type == u"Script" || type == u"Stylesheet";
-    const QUrl part = isPart ? QUrl(params[u"request"][u"url"].toString()) : QUrl();
-    m_requests.insert(params[u"requestId"].toString(), {params[u"frameId"].toString(), part});
+    const QString address = params[u"request"][u"url"].toString();
+    const bool isPart = (type == u"Script" || type == u"Stylesheet") && address.startsWith(u"http");
+    m_requests.insert(params[u"requestId"].toString(),
+                      {params[u"frameId"].toString(), isPart ? QUrl(address) : QUrl()});
     ++m_requestCount;
 }
 

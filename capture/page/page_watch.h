@@ -77,7 +77,7 @@ private:
     QUrl m_address;
     struct Request {
         QString frameId;
-        QUrl part; // Of a script or a style sheet; else empty.
+        QUrl part; // Of a script or a style sheet from a server; else empty.
     };
     // By id: added when sent, removed when finished or failed, or when the frame goes, is given to another
     // renderer, whose events are not ours, or shows another document.

@@ -44,8 +44,8 @@ void Connection::dispatch(const QByteArray& bytes)
 
 void Connection::endAll(const Error& reason)
 {
-    m_browser->end(
-        reason); // First: with it the connection is closed for all who ask when their session ends.
+    // The first to end, so that the connection is closed for all who ask when their own session ends.
+    m_browser->end(reason);
     const auto sessions = std::exchange(m_sessions, {});
     for (const auto& weak : sessions) {
         if (const auto session = weak.lock()) session->end(reason);
