@@ -71,7 +71,7 @@ QStringList browserArguments(const BrowserOptions& options, const QString& profi
     if (QStorageInfo(u"/dev/shm"_s).bytesTotal() < kEnoughSharedMemory)
         arguments += u"--disable-dev-shm-usage"_s;
     if (!options.sandbox) arguments += u"--no-sandbox"_s;
-    arguments += u"about:blank"_s;
+    arguments += u"--no-startup-window"_s;
     return arguments;
 }
 
