@@ -1,6 +1,5 @@
 #include "batch/browser_pool.h"
 
-#include "capture/page/checked_browser.h"
 #include "platform/log.h"
 
 using namespace Qt::StringLiterals;
@@ -26,32 +25,30 @@ BrowserPool::BrowserPool(BrowserOptions options) : m_options(std::move(options))
 Task<Result<std::shared_ptr<Browser>>> BrowserPool::browser()
 {
     if (m_stopped) co_return stopped();
-    const bool usable = !m_starting && m_browser && m_browser->isUsable() && m_pages < kPagesPerBrowser;
+    const bool usable =
+        !m_start.isUnderWay() && m_browser && m_browser->isUsable() && m_pages < kPagesPerBrowser;
     if (usable) {
         ++m_pages;
         co_return Result(m_browser); // A copy: the task would move the member out.
     }
-    const Waiter waiter = m_waiters.emplaceBack();
-    if (!m_starting) startBrowser();
-    const auto started = co_await waiter;
+    const auto started = co_await m_start.join([this] { return startBrowser(); });
     // Others that waited for the same start went first: they may have ended the run, or replaced the browser.
     if (m_stopped) co_return stopped();
     ++m_pages;
     co_return started;
 }
 
-Task<> BrowserPool::startBrowser()
+Task<Result<std::shared_ptr<Browser>>> BrowserPool::startBrowser()
 {
-    m_starting = true;
     Result<void> started = co_await startOnce();
     for (int failures = 1; !started && m_hasStarted && failures <= kMostRestarts && !m_stopped; ++failures) {
         qCWarning(logBrowser).noquote() << "the browser did not start again:" << started.error().text();
         const auto waited = co_await pause(failures);
         if (waited) started = co_await startOnce();
     }
-    m_starting = false;
-    m_hasStarted = m_hasStarted || started.ok();
-    settleWaiters(started ? Result(m_browser) : Result<std::shared_ptr<Browser>>(started.error()));
+    if (!started) co_return started.error();
+    m_hasStarted = true;
+    co_return Result(m_browser);
 }
 
 Task<Result<void>> BrowserPool::startOnce()
@@ -59,7 +56,7 @@ Task<Result<void>> BrowserPool::startOnce()
     retire();
     const auto browser = m_browser = Browser::create();
     m_pages = 0;
-    co_return co_await startChecked(browser, m_options);
+    co_return co_await browser->start(m_options);
 }
 
 Completion<void> BrowserPool::pause(int failures)
@@ -82,13 +79,6 @@ void BrowserPool::dropIdle()
 {
     m_retired.removeIf([](const std::shared_ptr<Browser>& browser) { return browser.use_count() == 1; });
     if (m_retired.isEmpty()) m_sweep.stop();
-}
-
-void BrowserPool::settleWaiters(const Result<std::shared_ptr<Browser>>& result)
-{
-    const auto waiters = std::exchange(m_waiters, {});
-    for (const Waiter& waiter : waiters)
-        waiter.settle(result);
 }
 
 void BrowserPool::stop()

@@ -36,21 +36,18 @@ public:
     void stop();
 
 private:
-    using Waiter = Completion<std::shared_ptr<Browser>>;
-    Task<> startBrowser();
+    Task<Result<std::shared_ptr<Browser>>> startBrowser();
     Task<Result<void>> startOnce();
     Completion<void> pause(int failures);
     void retire();
     void dropIdle();
-    void settleWaiters(const Result<std::shared_ptr<Browser>>& result);
 
     BrowserOptions m_options;
     std::shared_ptr<Browser> m_browser;        // The one for new pages; may be starting.
     QList<std::shared_ptr<Browser>> m_retired; // Still showing pages, perhaps.
-    QList<Waiter> m_waiters;                   // While m_browser is starting.
-    QTimer m_sweep;                            // While there is a retired one.
-    Completion<void> m_pause;                  // Between two starts.
-    bool m_starting = false;
+    SharedWork<std::shared_ptr<Browser>> m_start;
+    QTimer m_sweep;            // While there is a retired one.
+    Completion<void> m_pause;  // Between two starts.
     bool m_hasStarted = false; // One of them, at some time.
     bool m_stopped = false;
     int m_pages = 0; // Opened in m_browser.

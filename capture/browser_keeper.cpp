@@ -1,7 +1,5 @@
 #include "capture/browser_keeper.h"
 
-#include "capture/page/checked_browser.h"
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +13,7 @@ Task<Result<std::shared_ptr<Browser>>> BrowserKeeper::browser(std::chrono::milli
     const auto browser = m_browser = Browser::create();
     BrowserOptions options = m_options;
     options.startLimit = std::min(options.startLimit, startLimit);
-    const auto started = co_await startChecked(browser, options);
+    const auto started = co_await browser->start(options);
     if (!started) co_return started.error();
     co_return browser;
 }

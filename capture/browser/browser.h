@@ -2,6 +2,7 @@
 
 #include "capture/browser/browser_options.h"
 #include "capture/protocol/connection.h"
+#include "capture/protocol/shared_work.h"
 #include "capture/protocol/task.h"
 #include "platform/process/piped_process.h"
 #include "platform/process/scratch_folder.h"
@@ -61,9 +62,11 @@ public:
 
     /// "HeadlessChrome/156.0.8078.79".
     [[nodiscard]] const QString& product() const { return m_product; }
-    /// Pixels of a side that this browser draws right in one piece.
-    [[nodiscard]] int longestSide() const { return m_longestSide; }
+    /// Pixels of a side that this browser draws right in one piece; none while drawingCheck() has not been
+    /// done.
+    [[nodiscard]] std::optional<int> longestSide() const { return m_longestSide; }
     void setLongestSide(int px) { m_longestSide = px; }
+    [[nodiscard]] SharedWork<int>& drawingCheck() { return m_drawingCheck; }
     [[nodiscard]] qint64 processId() const { return m_process->processId(); }
     [[nodiscard]] Connection& connection() { return *m_connection; }
     [[nodiscard]] ScratchFolder& folder() { return *m_folder; }
@@ -84,7 +87,8 @@ private:
     std::unique_ptr<Connection> m_connection;
     QList<IdlePage> m_idlePages; // Added by keepPage(); removed by reusePage(), or when their time is over.
     QString m_product;
-    int m_longestSide = 20480; // What Chromium's software drawing has been seen to manage.
+    std::optional<int> m_longestSide;
+    SharedWork<int> m_drawingCheck;
     bool m_faulty = false;
 };
 

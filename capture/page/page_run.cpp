@@ -4,6 +4,7 @@
 #include "capture/page/archive.h"
 #include "capture/page/hung_parts.h"
 #include "capture/page/local_files.h"
+#include "capture/page/longest_side.h"
 #include "capture/page/page_setup.h"
 #include "capture/page/page_steps.h"
 #include "capture/page/request_headers.h"
@@ -352,8 +353,9 @@ Task<Result<PagePicture>> PageRun::shootOnce()
 {
     const auto area = co_await measure();
     if (!area) co_return area.error();
-    ShotSettings settings{m_request.encoding, m_request.jpegQuality, m_browser->longestSide(),
-                          m_request.scale};
+    const auto side = co_await findLongestSide(m_browser, area->size() * m_request.scale);
+    if (!side) co_return side.error();
+    ShotSettings settings{m_request.encoding, m_request.jpegQuality, *side, m_request.scale};
     const auto checked = checkArea(*area, settings);
     if (!checked) co_return checked.error();
     // A JPEG whose pieces would be too large is made of PNGs, and so is one that is to keep all colours.

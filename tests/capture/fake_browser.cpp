@@ -45,17 +45,17 @@ QByteArray bigEndian(qint32 number)
 }
 
 /// A PNG header without pixels: enough for whoever only looks at the size.
-QByteArray picture(qint32 width)
+QByteArray picture(qint32 width, qint32 height)
 {
-    return QByteArray::fromHex("89504e470d0a1a0a0000000d49484452") + bigEndian(width) +
-           bigEndian(pageHeight) + QByteArray::fromHex("0802000000000000000000000049454e44ae426082");
+    return QByteArray::fromHex("89504e470d0a1a0a0000000d49484452") + bigEndian(width) + bigEndian(height) +
+           QByteArray::fromHex("0802000000000000000000000049454e44ae426082");
 }
 
-QJsonObject shot()
+QJsonObject shot(const QJsonObject& clip)
 {
     if (mode == u"empty-picture") return {{u"data"_s, QString()}};
-    const qint32 width = mode == u"wrong-size" ? pageWidth + 1 : pageWidth;
-    return {{u"data"_s, QString::fromLatin1(picture(width).toBase64())}};
+    const qint32 width = clip[u"width"].toInt() + (mode == u"wrong-size" ? 1 : 0);
+    return {{u"data"_s, QString::fromLatin1(picture(width, clip[u"height"].toInt()).toBase64())}};
 }
 
 QJsonObject navigate()
@@ -74,7 +74,7 @@ QJsonObject metrics()
     return {{u"cssContentSize"_s, content}};
 }
 
-QJsonObject answer(const QString& method)
+QJsonObject answer(const QString& method, const QJsonObject& params)
 {
     if (method == u"Browser.getVersion") return {{u"product"_s, u"Fake/1"_s}};
     if (method == u"Target.createBrowserContext") return {{u"browserContextId"_s, u"C"_s}};
@@ -83,7 +83,7 @@ QJsonObject answer(const QString& method)
     if (method == u"Page.navigate") return navigate();
     if (method == u"Page.createIsolatedWorld") return {{u"executionContextId"_s, 1}};
     if (method == u"Page.getLayoutMetrics") return metrics();
-    if (method == u"Page.captureScreenshot") return shot();
+    if (method == u"Page.captureScreenshot") return shot(params[u"clip"].toObject());
     return {};
 }
 
@@ -116,7 +116,7 @@ void serve(const QByteArray& bytes)
     if (mode == u"leaving" && method == u"Target.createTarget")
         reply.insert(u"error"_s, refusal());
     else
-        reply.insert(u"result"_s, answer(method));
+        reply.insert(u"result"_s, answer(method, call[u"params"].toObject()));
     if (call.contains(u"sessionId")) reply.insert(u"sessionId"_s, call[u"sessionId"]);
     sayJson(reply);
 }

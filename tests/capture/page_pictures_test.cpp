@@ -51,6 +51,21 @@ TEST_F(PagePictures, TallPagesAreCompleteToTheLastMarker)
     }
 }
 
+TEST_F(PagePictures, TallPagesAtOnceWaitForTheSameCheckOfTheirBrowser)
+{
+    BrowserKeeper fresh{{}};
+    const auto browser = await(fresh.browser(30s));
+    ASSERT_TRUE(browser.ok());
+    PageRequest request;
+    server.page(u"/tall"_s, "<!doctype html><body style='margin:0;height:16000px'>" + box(15900, "blue"));
+    request.addresses = {QUrl(server.url(u"/tall"_s))};
+    std::vector<Task<Result<PageShot>>> runs;
+    for (int i = 0; i < 3; ++i)
+        runs.push_back(PageRun::create(*browser, request)->run());
+    for (auto& run : runs)
+        EXPECT_EQ(pixel(image(await(std::move(run))), 20, 15920), kBlue);
+}
+
 TEST_F(PagePictures, TallJpegsAreOneFileWithEveryMarkerInItsPlace)
 {
     QByteArray html = "<!doctype html><body style='margin:0;height:50000px'>";
