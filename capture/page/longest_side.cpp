@@ -18,6 +18,7 @@ namespace
 {
 
 constexpr int kWindowRows = 256;
+constexpr Session::Limit kLookInterval = std::chrono::milliseconds(10);
 
 PageRequest checkRequest()
 {
@@ -66,11 +67,17 @@ Task<Result<int>> checkDrawing(std::shared_ptr<Browser> browser)
 
 } // namespace
 
-Task<Result<int>> findLongestSide(std::shared_ptr<Browser> browser, QSize picture)
+Task<Result<int>> findLongestSide(std::shared_ptr<Browser> browser, std::shared_ptr<Session> session,
+                                  QSize picture)
 {
     if (std::max(picture.width(), picture.height()) <= kSafeSide) co_return Result(int(kSafeSide));
     if (browser->longestSide()) co_return Result(int(*browser->longestSide()));
-    co_return co_await browser->drawingCheck().join([&browser] { return checkDrawing(browser); });
+    const auto check = browser->drawingCheck().join([&browser] { return checkDrawing(browser); });
+    while (!check.isSettled()) {
+        const auto paused = co_await session->pause(kLookInterval);
+        if (!paused) co_return paused.error();
+    }
+    co_return co_await check;
 }
 
 } // namespace vistrel

@@ -353,7 +353,7 @@ Task<Result<PagePicture>> PageRun::shootOnce()
 {
     const auto area = co_await measure();
     if (!area) co_return area.error();
-    const auto side = co_await findLongestSide(m_browser, area->size() * m_request.scale);
+    const auto side = co_await findLongestSide(m_browser, m_session, area->size() * m_request.scale);
     if (!side) co_return side.error();
     ShotSettings settings{m_request.encoding, m_request.jpegQuality, *side, m_request.scale};
     const auto checked = checkArea(*area, settings);

@@ -116,6 +116,10 @@ TEST_F(BrowserFaults, OneThatDrawsWrongTakesNoTallPictures)
     ASSERT_FALSE(refused);
     EXPECT_TRUE(refused.error().text().contains(u"does not draw right"))
         << refused.error().text().toStdString();
+    const auto late = captureWith(u"hangs"_s, 500ms, {1280, 8193}); // It hangs while it is checked.
+    ASSERT_FALSE(late);
+    EXPECT_TRUE(late.error().text().contains(u"time-out of 0.5 s")) << late.error().text().toStdString();
+    browser->kill(late.error()); // The check would go on for a while.
 }
 
 TEST_F(BrowserFaults, LateRepliesAndAFloodOfErrorsDoNotDisturb)
