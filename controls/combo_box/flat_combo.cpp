@@ -64,6 +64,7 @@ FlatCombo::FlatCombo(QWidget* parent) : QComboBox(parent)
     setModel(new Items(*this));
     setFocusPolicy(Qt::StrongFocus);
     view()->setTextElideMode(Qt::ElideRight);
+    view()->installEventFilter(this);
 }
 
 void FlatCombo::showWithin(const QRect& frame, const QRect& field)
@@ -91,6 +92,20 @@ void FlatCombo::keyPressEvent(QKeyEvent* event)
         event->ignore();
     else
         QComboBox::keyPressEvent(event);
+}
+
+// The open list takes what these keys choose, though it cannot be selected.
+bool FlatCombo::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (m_isLocked && isKey) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select) {
+            hidePopup();
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 void FlatCombo::wheelEvent(QWheelEvent* event)

@@ -271,6 +271,20 @@ void cpvSlider::dragTo(float position)
 void cpvSlider::surfaceMouseUp(qint16 Button, qint16 Shift, float X, float Y)
 {
     if (Button == leftButton && thumbHolds(X, Y)) Q_EMIT Click();
+    endDrag(Shift);
+}
+
+// A message box that opens during a drag swallows the release.
+bool cpvSlider::event(QEvent* event)
+{
+    const bool isTakenAway =
+        event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate;
+    if (isTakenAway && m_Dragging) endDrag(0);
+    return ControlWidget::event(event);
+}
+
+void cpvSlider::endDrag(qint16 Shift)
+{
     if (m_Dragging) Q_EMIT MouseUp(Shift);
     m_Dragging = false;
     frmValuetips::Close();

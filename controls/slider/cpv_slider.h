@@ -88,6 +88,7 @@ protected:
     void surfaceMouseDown(qint16 Button, qint16 Shift, float X, float Y) override;
     void surfaceMouseMove(qint16 Button, qint16 Shift, float X, float Y) override;
     void surfaceMouseUp(qint16 Button, qint16 Shift, float X, float Y) override;
+    bool event(QEvent* event) override;
     void surfaceResize() override;
     void showEvent(QShowEvent* event) override;
 
@@ -97,6 +98,7 @@ private:
     float& thumbPosition();
     void placeThumb(qint32 value);
     void dragTo(float position);
+    void endDrag(qint16 Shift);
     qint16 ValueFromPosition();
     void ResetThumb();
     void Resize();

@@ -74,7 +74,10 @@ void ControlWidget::resizeEvent(QResizeEvent*) { fitSurface(); }
 
 void ControlWidget::fitSurface()
 {
-    if (m_surface.sizePx() == size() && m_surface.image().devicePixelRatio() == devicePixelRatioF()) return;
+    const bool fits =
+        m_surface.sizePx() == size() && m_surface.image().devicePixelRatio() == devicePixelRatioF();
+    if (fits && m_hasBeenSized) return;
+    m_hasBeenSized = true;
     m_surface.resize(size(), devicePixelRatioF());
     surfaceResize();
 }
@@ -113,7 +116,8 @@ void ControlWidget::mouseReleaseEvent(QMouseEvent* event)
 void ControlWidget::leaveEvent(QEvent*)
 {
     const QPoint pointer = mapFromGlobal(QCursor::pos());
-    const QPointF at = toScale(rect().contains(pointer) ? QPoint(-1, -1) : pointer);
+    const bool countsAsInside = rect().adjusted(0, 0, 1, 1).contains(pointer);
+    const QPointF at = toScale(countsAsInside ? QPoint(-1, -1) : pointer);
     surfaceMouseLeave(shiftCode(QGuiApplication::keyboardModifiers()), static_cast<float>(at.x()),
                       static_cast<float>(at.y()));
 }

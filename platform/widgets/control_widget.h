@@ -88,7 +88,8 @@ protected:
     /// holds all that are held.
     virtual void surfaceMouseMove(qint16 Button, qint16 Shift, float X, float Y);
     /// The pointer left the control with no button held. (X, Y) is where it is now; one pixel before the
-    /// surface's corner if something covers the control there.
+    /// surface's corner if something covers the control there, or if that is X = width or Y = height, which
+    /// controls take for inside: no move follows that would take it further out.
     virtual void surfaceMouseLeave(qint16 Shift, float X, float Y);
     virtual void surfaceMouseUp(qint16 Button, qint16 Shift, float X, float Y);
     /// The left button was pressed and released over the control; comes after surfaceMouseUp().
@@ -117,7 +118,8 @@ private:
     Font m_ambientFont;
     HostMode m_hostMode = HostMode::Run;
     bool m_surfaceEnabled = true;
-    bool m_leftPressed = false; // From a left press on the control until its release.
+    bool m_hasBeenSized = false; // Its first size is reported even if it is that of any new widget.
+    bool m_leftPressed = false;  // From a left press on the control until its release.
 };
 
 } // namespace vistrel

@@ -81,6 +81,9 @@ TEST_F(FButtonPointer, lightsUpUnderThePointerAndRestsWhenItLeaves)
     expectResting();
     EXPECT_EQ(events, (QStringList{u"move 0 0 150,75"_s, u"move 0 0 165,75"_s, u"move 0 0 1950,1050"_s}));
     Pointer::moveTo(button, on);
+    Pointer::moveTo(button, {60, 5}); // One pixel past the last one: no move further out will follow.
+    expectResting();
+    Pointer::moveTo(button, on);
     button.hide();
     QApplication::processEvents();
     expectResting();

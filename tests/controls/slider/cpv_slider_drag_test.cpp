@@ -3,6 +3,8 @@
 #include "tests/support/pointer.h"
 #include "tests/support/printers.h"
 
+#include <QDialog>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -142,6 +144,20 @@ TEST_F(CpvSliderDrag, theTipShowsTheValueBesideTheThumbAndGoesWithTheButton)
     grab({50, 8});
     EXPECT_EQ(tip(), nullptr);
     Pointer::release(slider, {50, 8});
+}
+
+TEST_F(CpvSliderDrag, aMessageBoxThatTakesTheReleaseEndsTheDrag)
+{
+    grab({8, 8});
+    QDialog box;
+    box.setModal(true);
+    box.show();
+    QApplication::processEvents();
+    EXPECT_EQ(events, (QStringList{u"down 0"_s, u"up 0"_s}));
+    EXPECT_EQ(tip(), nullptr);
+    box.close();
+    Pointer::moveTo(slider, {50, 8});
+    EXPECT_EQ(slider.Value(), 0);
 }
 
 TEST_F(CpvSliderDrag, keysTheWheelAndADragWithoutTrackDoNothing)

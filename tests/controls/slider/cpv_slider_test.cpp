@@ -178,6 +178,14 @@ TEST_F(CpvSliderTest, loadingRaisesNothingAndDoesNotCountAsAChange)
     EXPECT_EQ(events, (QStringList{u"changed"_s, u"Value"_s}));
 }
 
+TEST_F(CpvSliderTest, isLaidOutAtTheSizeThatEveryNewWidgetHas)
+{
+    QWidget host;
+    cpvSlider fresh(&host);
+    fresh.setSizeTwips(fresh.Width(), fresh.Height());
+    EXPECT_EQ(fresh.width(), 16);
+}
+
 TEST_F(CpvSliderTest, anEmptyRangeFromABagLeavesTheThumb)
 {
     PropertyBag bag;
