@@ -33,7 +33,12 @@ Completion<Reply> Session::call(const QString& method, const QJsonObject& params
         reply.settle(*m_ended);
         return reply;
     }
+    const auto keep = shared_from_this(); // A pipe that breaks under the call ends the session at once.
     const int number = m_connection->send(*this, method, params);
+    if (m_ended) {
+        reply.settle(*m_ended);
+        return reply;
+    }
     m_calls.insert(number, reply);
     QTimer::singleShot(limit, this, [this, number, method, limit] {
         if (m_calls.contains(number)) m_calls.take(number).settle(timeout(method, limit));

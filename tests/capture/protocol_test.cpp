@@ -20,8 +20,13 @@ namespace
 class FakeTransport : public Transport
 {
 public:
-    void send(const QByteArray& message) override { sent += QJsonDocument::fromJson(message).object(); }
+    void send(const QByteArray& message) override
+    {
+        sent += QJsonDocument::fromJson(message).object();
+        if (breaks) Q_EMIT received("torn");
+    }
     QList<QJsonObject> sent;
+    bool breaks = false; ///< While something is sent.
 };
 
 class ProtocolTest : public testing::Test
@@ -130,6 +135,14 @@ TEST_F(ProtocolTest, ABrokenStreamEndsEverySessionAndEveryCall)
     EXPECT_EQ(ended, 'S' - 'A' + 1);
     EXPECT_EQ(page->reason().kind, Error::Kind::Protocol);
     EXPECT_EQ(await(call(u"After"_s)).error().kind, Error::Kind::Protocol) << "later calls fail at once";
+}
+
+TEST_F(ProtocolTest, ACallUnderWhichTheStreamBreaksEnds)
+{
+    transport->breaks = true;
+    const auto broken = call(u"Breaks"_s, 60s);
+    ASSERT_TRUE(broken.isReady());
+    EXPECT_FALSE(page->isOpen());
 }
 
 TEST_F(ProtocolTest, WaitsEndWithTheirConditionTheirLimitOrTheirSession)
