@@ -48,7 +48,10 @@ Result<QList<QUrl>> withScheme(const QString& entry, const QString& scheme)
     if (scheme == u"file") {
         if (!url.host().isEmpty() && url.host() != u"localhost")
             return unusable(entry, u"is a file of another host"_s);
-        return localFile(entry, url.path());
+        auto page = localFile(entry, url.path());
+        if (page && url.hasQuery()) page->first().setQuery(url.query(QUrl::FullyEncoded));
+        if (page && url.hasFragment()) page->first().setFragment(url.fragment(QUrl::FullyEncoded));
+        return page;
     }
     if (scheme != u"http" && scheme != u"https")
         return unusable(entry, u"is no page: only http, https and file addresses are"_s);

@@ -63,7 +63,8 @@ Result<QUrl> LocalFiles::reachable(Browser& browser, const QUrl& address)
 LocalFiles::LocalFiles(Session& session, std::optional<Account> account, const QString& confinement)
     : m_session(session), m_account(account)
 {
-    if (!confinement.isEmpty()) m_confinement = QFileInfo(confinement).canonicalFilePath() + u'/';
+    if (!confinement.isEmpty()) m_confinement = QFileInfo(confinement).canonicalFilePath();
+    if (!confinement.isEmpty() && !m_confinement.endsWith(u'/')) m_confinement += u'/';
     connect(&session, &Session::received, this, [this](const QString& method, const QJsonObject& params) {
         if (method == u"Fetch.requestPaused") answer(params);
     });

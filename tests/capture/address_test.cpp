@@ -46,6 +46,8 @@ TEST(Address, OfAFileIsItsFileAddress)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(texts(path), QStringList{QString::fromUtf8(QUrl::fromLocalFile(path).toEncoded())});
     EXPECT_EQ(texts(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)), texts(path));
+    EXPECT_EQ(texts(texts(path).first() + u"?a=1%202#/b"_s),
+              QStringList{texts(path).first() + u"?a=1%202#/b"_s});
     EXPECT_EQ(texts(folder.path()), QStringList{u"refused"_s}) << "a folder is no page";
     EXPECT_EQ(texts(path + u"x"_s), QStringList{u"refused"_s});
     const QString fifo = folder.filePath(u"fifo.html"_s);

@@ -336,6 +336,8 @@ TEST_F(HostilePages, LocalFilesStayWhereTheyBelong)
     const QImage held = image(capture(page, confined));
     EXPECT_EQ(pixel(held, 20, 20), 0xff0000u);
     EXPECT_NE(pixel(held, 20, 170), 0xff0000u);
+    confined.confinement = u"/"_s; // Everything is in there.
+    EXPECT_EQ(pixel(image(capture(page, confined)), 20, 170), 0xff0000u);
     const QImage remote =
         image(captureHtml("<!doctype html><body style='margin:0'><iframe style='border:0' src='file://" +
                           secret + "'></iframe>"));
