@@ -89,31 +89,33 @@ private:
         if (m_loop != nullptr) m_loop->quit();
     }
 
-    /// A page that loses its browser gets another one, once.
+    /// A page that loses its browser gets another one, once, in what is left of its time.
     Task<Result<PageShot>> takeShot(QString entry)
     {
         auto request = m_request;
         const auto addresses = resolveAddress(entry);
         if (!addresses) co_return addresses.error();
         request.addresses = *addresses;
+        const QDeadlineTimer end(PageRun::timeoutOf(request));
         std::shared_ptr<Browser> lost; // Kept to the end: it may just be telling that it is.
         for (;;) {
-            const auto browser = co_await m_keeper.browser(PageRun::timeoutOf(request));
+            const auto browser = co_await m_keeper.browser(std::chrono::milliseconds(end.remainingTime()));
             if (!browser) co_return browser.error();
-            auto shot = co_await takeShotIn(*browser, request);
+            auto shot = co_await takeShotIn(*browser, request, end);
             const bool isLost = !shot && shot.error().kind == Error::Kind::Closed && !(*browser)->isUsable();
-            if (!isLost || lost) co_return shot;
+            if (!isLost || lost || end.hasExpired()) co_return shot;
             lost = *browser;
         }
     }
 
-    Task<Result<PageShot>> takeShotIn(std::shared_ptr<Browser> browser, PageRequest request)
+    Task<Result<PageShot>> takeShotIn(std::shared_ptr<Browser> browser, PageRequest request,
+                                      QDeadlineTimer end)
     {
         m_run = PageRun::create(std::move(browser), std::move(request));
         connect(m_run.get(), &PageRun::progress, this, [this](int percent) {
             if (m_progress) m_progress(percent);
         });
-        auto shot = co_await m_run->run();
+        auto shot = co_await m_run->run(end);
         if (!shot || !m_intended) co_return shot;
         const auto fits = checkFits(shot->picture.size(), *m_intended);
         if (!fits) co_return fits.error();
@@ -176,10 +178,11 @@ QByteArray Ordane2::GetImageBytes(const QString& pattern)
 QByteArray Ordane2::GetThumbnailBytes(const QString& pattern, qint32 width, qint32 height, qint32 /*mode*/)
 {
     if (m_engine->picture().isNull()) throw RuntimeError(RuntimeError::Number::Automation);
-    if (width <= 0 || height <= 0) return {};
+    const QSize size(std::clamp(width, 1, kLongestThumbnailSide),
+                     std::clamp(height, 1, kLongestThumbnailSide));
     return bytesOrThrow([&](QIODevice& device) {
-        return encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_request.jpegQuality,
-                               {width, height}, device);
+        return encodeThumbnail(m_engine->picture(), formatOf(pattern), m_engine->m_request.jpegQuality, size,
+                               device);
     });
 }
 

@@ -27,7 +27,6 @@ namespace
 constexpr qint64 kLargestBitmapFile = 0xFFFFFFFFLL; // Its header has 32 bits for the length.
 // Of 1 to 9: on real pages 1 takes half the time of 6 for a seventh more bytes.
 constexpr int kJoinedPngCompression = 1;
-constexpr qint64 kLargestThumbnail = 256LL * 1024 * 1024;
 
 Error libraryError(const vips::VError& problem)
 {
@@ -173,14 +172,11 @@ Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int qua
 Result<void> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size,
                              QIODevice& device)
 {
-    if (size.width() <= 0 || size.height() <= 0)
-        return Error{Error::Kind::Usage, u"a thumbnail needs a width and a height above 0"_s, {}};
-    if (qint64(size.width()) * size.height() > kLargestThumbnail)
-        return Error{Error::Kind::TooLarge,
-                     u"a thumbnail of %1 x %2 px is too large"_s.arg(size.width()).arg(size.height()),
-                     {}};
-    const auto fits = checkFits(size, format);
-    if (!fits) return fits;
+    if (size != size.expandedTo({1, 1}).boundedTo({kLongestThumbnailSide, kLongestThumbnailSide})) {
+        const QString words = u"a thumbnail of %1 x %2 px is none: 1 to %3 px a side can be made"_s;
+        return Error{
+            Error::Kind::Usage, words.arg(size.width()).arg(size.height()).arg(kLongestThumbnailSide), {}};
+    }
     return guarded(device, [&](PictureSink& sink) {
         return encode([&] { return shrink(picture, size); }, format, quality, sink);
     });

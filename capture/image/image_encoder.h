@@ -31,8 +31,11 @@ constexpr int kFullColourQuality = 90;
 /// it may hold a part of the file then. May be called on any thread, and writes from others.
 Result<void> encodeImage(const PagePicture& picture, ImageFormat format, int quality, QIODevice& device);
 
+/// Pixels of a thumbnail's side at most: every format can hold that.
+constexpr int kLongestThumbnailSide = 16384;
+
 /// A thumbnail of exactly size: the picture scaled to cover it, cropped from the top and the middle. Errors
-/// as above, and Usage for a size with a side of 0 or less, TooLarge for one of over 256 million pixels.
+/// as above, and Usage for a size with a side of 0 or less or of more than kLongestThumbnailSide.
 Result<void> encodeThumbnail(const PagePicture& picture, ImageFormat format, int quality, QSize size,
                              QIODevice& device);
 

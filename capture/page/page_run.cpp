@@ -63,10 +63,10 @@ std::chrono::milliseconds PageRun::timeoutOf(const PageRequest& request)
     return request.timeout.count() > 0 ? request.timeout : kDefaultTimeout;
 }
 
-Task<Result<PageShot>> PageRun::run()
+Task<Result<PageShot>> PageRun::run(QDeadlineTimer end)
 {
     const auto self = shared_from_this();
-    m_deadline.setRemainingTime(m_request.timeout);
+    m_deadline = std::min(end, QDeadlineTimer(m_request.timeout));
     report(0);
     m_target = reusedTarget();
     if (m_target) {
@@ -137,7 +137,8 @@ bool PageRun::mayBeReused() const
 
 Task<Result<void>> PageRun::open()
 {
-    auto target = co_await m_browser->openPage(std::min(m_request.timeout, kOpenLimit));
+    auto target = co_await m_browser->openPage(
+        std::min(std::chrono::milliseconds(m_deadline.remainingTime()), kOpenLimit));
     if (!target) co_return withoutPage(target.error());
     m_target = std::move(*target);
     co_return Result<void>();

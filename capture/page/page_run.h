@@ -30,10 +30,10 @@ public:
 
     static std::shared_ptr<PageRun> create(std::shared_ptr<Browser> browser, PageRequest request);
 
-    /// Runs it, once. Errors: Page (cannot be loaded, crashed, gave no document), Usage (the browser takes an
-    /// address for none), Timeout, TooLarge, Cancelled, Closed (the browser went away), Protocol and Format
-    /// (the browser misbehaves).
-    Task<Result<PageShot>> run();
+    /// Runs it, once, to its request's timeout or end, whichever comes first. Errors: Page (cannot be loaded,
+    /// crashed, gave no document), Usage (the browser takes an address for none), Timeout, TooLarge,
+    /// Cancelled, Closed (the browser went away), Protocol and Format (the browser misbehaves).
+    Task<Result<PageShot>> run(QDeadlineTimer end = QDeadlineTimer::Forever);
 
     /// Ends the run soon with Error::Kind::Cancelled; after its end it does nothing.
     void cancel();
