@@ -62,15 +62,14 @@ void MainListFiles::LoadList()
     m_run.focusList();
 }
 
-// The results of deleting and writing are not looked at.
+// Where the old file cannot be deleted it stays as it is. Whether writing succeeds is not looked at.
 void MainListFiles::SaveList()
 {
     QString path;
     const OpenDialog dialog{.filter = textFilter, .title = u"Select a file"_s, .defaultExtension = u".txt"_s};
     if (!m_run.ShowOpenDialog(path, dialog)) return;
     if (m_program.files.exists(path)) {
-        if (!mayOverwrite()) return;
-        static_cast<void>(m_program.files.remove(path));
+        if (!mayOverwrite() || !m_program.files.remove(path)) return;
     }
     const QByteArray bytes = m_program.codePage.toBytes(m_run.listText());
     static_cast<void>(m_program.files.writeFromStart(path, bytes));

@@ -139,8 +139,10 @@ void MainOptions::connectNumbers()
 
 void MainOptions::connectButtons()
 {
-    QObject::connect(&m_txtOutputFolder, &TextLine::GotFocus, &m_form,
-                     [this] { txtOutputFolder_DblClick(); });
+    // After the press that may have brought the focus: that puts the caret somewhere.
+    QObject::connect(
+        &m_txtOutputFolder, &TextLine::GotFocus, &m_form, [this] { txtOutputFolder_DblClick(); },
+        Qt::QueuedConnection);
     QObject::connect(&m_txtOutputFolder, &TextLine::DblClick, &m_form,
                      [this] { txtOutputFolder_DblClick(); });
     QObject::connect(&m_form.control<FButton>(u"fbOutpath"_s), &FButton::Click, &m_form,

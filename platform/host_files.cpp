@@ -68,10 +68,13 @@ public:
     Result<void> writeFromStart(const QString& path, QByteArrayView bytes) override
     {
         QFile file(realPath(path));
+        const bool isNew = !file.exists();
         const QString reason = reasonAgainstOpening(file, QFile::ReadWrite);
         if (!reason.isEmpty()) return ioError(path, reason);
-        if (file.write(bytes.data(), bytes.size()) != bytes.size()) return ioError(path, file.errorString());
-        return {};
+        if (file.write(bytes.data(), bytes.size()) == bytes.size()) return {};
+        const QString failure = file.errorString();
+        if (isNew) file.remove();
+        return ioError(path, failure);
     }
 
     Result<void> remove(const QString& path) override

@@ -115,6 +115,10 @@ TEST_F(ListFilesTest, AnExistingFileEvenAnEmptyOneIsReplacedOnlyWhenTheUserSaysS
         click(u"fbSaveList"_s);
         EXPECT_EQ(files.contents.value(listFile), "new");
     }
+    files.undeletable.insert(listFile);
+    setList(u"X"_s);
+    click(u"fbSaveList"_s);
+    EXPECT_EQ(files.contents.value(listFile), "new") << "no mixture of both";
 }
 
 TEST_F(ListFilesTest, ChosenAndDroppedFilesAreAppendedOneLineEachAndLinksAsText)

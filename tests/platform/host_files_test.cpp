@@ -3,6 +3,8 @@
 #include "tests/support/plain_user.h"
 #include "tests/support/temp_folder.h"
 
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +51,20 @@ TEST_F(HostFilesTest, WritesFromTheStartKeepsALongerTailAndRemoves)
     EXPECT_EQ(m_folder.read(u"new"_s), "TWe");
     ASSERT_TRUE(hostFiles().remove(path));
     EXPECT_EQ(hostFiles().shortPath(path), QString());
+}
+
+TEST_F(HostFilesTest, AFileThatIsOnlyWrittenInPartIsNotLeftBehind)
+{
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small{4, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const auto written = hostFiles().writeFromStart(m_folder.path(u"new"_s), "longer");
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(written);
+    EXPECT_FALSE(hostFiles().exists(m_folder.path(u"new"_s)));
 }
 
 TEST_F(HostFilesTest, FailuresNameThePathAndTheReason)
