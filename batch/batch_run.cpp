@@ -74,7 +74,9 @@ Result<void> BatchRun::prepareFiles()
 Task<Result<void>> BatchRun::fill()
 {
     const auto filling = QtConcurrent::run(&m_writers, [this]() -> Result<void> {
-        if (m_plan.resume) return m_journal->putBack(m_plan.retryFailed);
+        if (m_plan.resume)
+            return m_journal->putBack(m_plan.retryFailed,
+                                      [this](const QString& name) { return m_names.filesOf(name).all(); });
         return fillJournal(*m_journal, m_plan, m_names, m_input);
     });
     const Result<void> filled = co_await filling;
@@ -88,11 +90,6 @@ Task<Result<void>> BatchRun::fill()
 
 Task<> BatchRun::convertAll()
 {
-    const auto checked = co_await checkSelectors();
-    if (!checked) {
-        giveUp(ExitCode::Usage, checked.error().text());
-        co_return;
-    }
     QTimer growth;
     AutomaticJobs automatic;
     QObject::connect(&growth, &QTimer::timeout, [&] {
@@ -101,21 +98,6 @@ Task<> BatchRun::convertAll()
     if (m_plan.jobs == 0) growth.start(AutomaticJobs::kInterval);
     addWorkers(m_plan.jobs > 0 ? m_plan.jobs : AutomaticJobs::first());
     (void)co_await m_allDone;
-}
-
-/// Tries the selectors of the plan on an empty page: a wrong one would fail entry after entry.
-Task<Result<void>> BatchRun::checkSelectors()
-{
-    PageRequest request;
-    request.addresses = {QUrl(u"about:blank"_s)};
-    request.hidden = m_plan.page.hidden + QStringList{m_plan.page.element, m_plan.page.awaitedElement};
-    request.hidden.removeAll(QString());
-    if (request.hidden.isEmpty()) co_return Result<void>();
-    auto browser = co_await m_browsers.browser();
-    if (!browser) co_return Result<void>(); // What is wrong with it is told when the first page needs it.
-    const auto shot = co_await PageRun::create(*std::move(browser), request)->run();
-    if (!shot && shot.error().kind == Error::Kind::Usage) co_return shot.error();
-    co_return Result<void>();
 }
 
 void BatchRun::addWorkers(int count)

@@ -38,7 +38,6 @@ private:
     [[nodiscard]] Result<void> prepareFiles();
     Task<Result<void>> fill();
     Task<> convertAll();
-    Task<Result<void>> checkSelectors();
     void addWorkers(int count);
     Task<> work();
     Task<> convert(PendingEntry entry);

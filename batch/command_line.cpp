@@ -226,7 +226,8 @@ std::variant<Plan, Answer> parseNew(const QStringList& arguments)
     if (const auto answer = parseInto(first, arguments)) return *answer;
     if (given.config.empty()) return completePlan(given, first);
     const QString config = QString::fromStdString(given.config);
-    if (!QFileInfo(config).isReadable()) return usageError(config + u" cannot be read"_s);
+    if (!QFileInfo(config).isReadable() || QFileInfo(config).isDir())
+        return usageError(config + u" cannot be read"_s);
     given = defaultsFrom(loadConfig(config));
     OptionSet second(given);
     if (const auto answer = parseInto(second, arguments)) return *answer;

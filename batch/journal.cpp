@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,12 @@ Outcome outcomeOf(const Database::Row& row)
 
 /// Of a database's file, and of those that stay beside it when it could not be closed in order.
 const QStringList kEndings{QString(), u"-wal"_s, u"-shm"_s, u"-journal"_s};
+
+bool isLost(const QString& path)
+{
+    const QFileInfo file(path);
+    return !file.isFile() || file.size() == 0;
+}
 
 void removeAll(const QString& path)
 {
@@ -206,7 +213,7 @@ Result<qint64> Journal::nextNumber(const QString& key)
     return number;
 }
 
-Result<void> Journal::putBack(bool failedToo)
+Result<void> Journal::putBack(bool failedToo, const FilesOf& filesOf)
 {
     const auto begun = run("UPDATE entry SET state = 0 WHERE state = 1");
     if (!begun) return begun;
@@ -214,20 +221,20 @@ Result<void> Journal::putBack(bool failedToo)
         const auto failed = run("UPDATE entry SET state = 0 WHERE state = 3");
         if (!failed) return failed;
     }
-    return putBackLostFiles();
+    return putBackLostFiles(filesOf);
 }
 
-Result<void> Journal::putBackLostFiles()
+Result<void> Journal::putBackLostFiles(const FilesOf& filesOf)
 {
     QList<qint64> lost;
     {
         const QMutexLocker lock(&m_mutex);
-        const auto asked = m_database->query(
-            "SELECT number, file, bytes FROM entry WHERE state = 2", {}, [&](const Database::Row& row) {
-                const QFileInfo file(row.text(1));
-                const bool there = file.isFile() && file.size() == row.integer(2);
-                if (!there) lost.append(row.integer(0));
-            });
+        const auto asked = m_database->query("SELECT number, name FROM entry WHERE state = 2", {},
+                                             [&](const Database::Row& row) {
+                                                 const QStringList files = filesOf(row.text(1));
+                                                 if (std::any_of(files.begin(), files.end(), isLost))
+                                                     lost.append(row.integer(0));
+                                             });
         if (!asked) return asked;
     }
     for (const qint64 number : lost) {

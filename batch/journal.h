@@ -63,9 +63,11 @@ public:
     Result<qint64> nextNumber(const QString& key);
 
     // ---- Running ----
-    /// Puts back what was under way when the run was cut off, converted entries whose file is gone or has
-    /// another length, and, with failedToo, those that failed.
-    Result<void> putBack(bool failedToo);
+    /// The files of the entry of a name.
+    using FilesOf = std::function<QStringList(const QString& name)>;
+    /// Puts back what was under way when the run was cut off, converted entries of whose files one is gone or
+    /// empty, and, with failedToo, those that failed.
+    Result<void> putBack(bool failedToo, const FilesOf& filesOf);
     /// The next entries that wait, in list order: those after the given number, at most count.
     Result<QList<PendingEntry>> pending(qint64 after, int count);
     /// Its files are about to be written under name.
@@ -82,7 +84,7 @@ private:
     static Result<std::unique_ptr<Journal>> openFile(const QString& path);
     Result<void> setUp(const OptionValues& options);
     Result<void> run(const char* sql, const QVariantList& values = {});
-    Result<void> putBackLostFiles();
+    Result<void> putBackLostFiles(const FilesOf& filesOf);
     [[nodiscard]] Result<bool> isFilled();
 
     QMutex m_mutex; // Held during each statement.

@@ -2,6 +2,8 @@
 
 #include "batch/option_values.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -58,6 +60,16 @@ CLI::Validator within(double least, double most)
             .toStdString();
     };
     return {complain, ""};
+}
+
+/// Makes a path mean the same from every folder: a run may be gone on with from another one.
+CLI::Validator absolutePath()
+{
+    const auto change = [](std::string& path) {
+        path = QFileInfo(QString::fromStdString(path)).absoluteFilePath().toStdString();
+        return std::string();
+    };
+    return {change, ""};
 }
 
 } // namespace
@@ -155,10 +167,12 @@ void OptionSet::definePages(Arguments& given)
     keep(m_app.add_option("--script", given.script,
                           "Run this file in each page once it is loaded; it may use await"))
         ->type_name("FILE")
+        ->transform(absolutePath())
         ->group(kPages);
     keep(m_app.add_option("--confine", given.confinement, "Local pages see no file outside this folder"))
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory)
+        ->transform(absolutePath())
         ->group(kPages);
 }
 
@@ -189,6 +203,7 @@ void OptionSet::defineLook(Arguments& given)
     keep(m_app.add_flag("--dark", given.dark, "Ask for dark colours"), &given.dark)->group(kLook);
     keep(m_app.add_option("--css", given.style, "Add the style rules in this file"))
         ->type_name("FILE")
+        ->transform(absolutePath())
         ->group(kLook);
     keep(m_app.add_option("--hide", given.hidden, "Leave out the elements that match; may be repeated"))
         ->type_name("SELECTOR")

@@ -12,6 +12,12 @@ namespace vistrel
 struct OutputFiles {
     QStringList images; ///< Full paths, one for each format of the plan.
     QString thumbnail;  ///< Full path; empty when none is wanted.
+
+    /// All paths.
+    [[nodiscard]] QStringList all() const
+    {
+        return thumbnail.isEmpty() ? images : images + QStringList{thumbnail};
+    }
 };
 
 /// What a name template may ask for beyond the entry itself.

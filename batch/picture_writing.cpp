@@ -61,8 +61,7 @@ std::variant<NamelessFiles, Attempt> makeFiles(const WritingJob& job)
 /// Gives files their names until one cannot have it; takes back those of this call then.
 std::optional<WriteProblem> nameAll(const NamelessFiles& files, const OutputFiles& names, IfExists ifExists)
 {
-    QStringList paths = names.images;
-    if (!names.thumbnail.isEmpty()) paths.append(names.thumbnail);
+    const QStringList paths = names.all();
     for (qsizetype i = 0; i < paths.size(); ++i) {
         auto problem = files[size_t(i)]->moveTo(paths[i], ifExists);
         if (!problem) continue;

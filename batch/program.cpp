@@ -3,6 +3,7 @@
 #include "batch/batch_run.h"
 #include "batch/command_line.h"
 #include "batch/entry_source.h"
+#include "capture/page/page_run.h"
 #include "platform/folders.h"
 #include "platform/process/interrupt_signals.h"
 #include "platform/whole_file.h"
@@ -112,6 +113,38 @@ std::variant<PreparedRun, Answer> resumeRun(const QStringList& arguments, const 
     return PreparedRun{std::get<Plan>(std::move(parsed)), *std::move(journal)};
 }
 
+/// Tries the selectors of the plan on an empty page: a wrong one would fail entry after entry.
+Task<Result<void>> trySelectors(QStringList selectors, std::shared_ptr<Browser> browser,
+                                BrowserOptions options)
+{
+    const auto started = co_await browser->start(options);
+    if (!started) co_return Result<void>(); // What is wrong with it is told when the first page needs it.
+    PageRequest request;
+    request.addresses = {QUrl(u"about:blank"_s)};
+    request.hidden = selectors;
+    const auto shot = co_await PageRun::create(browser, request)->run();
+    if (!shot && shot.error().kind == Error::Kind::Usage) co_return shot.error();
+    co_return Result<void>();
+}
+
+Result<void> checkSelectors(const Plan& plan)
+{
+    QStringList selectors = plan.page.hidden + QStringList{plan.page.element, plan.page.awaitedElement};
+    selectors.removeAll(QString());
+    if (selectors.isEmpty()) return {};
+    const auto browser = Browser::create();
+    QEventLoop loop;
+    Result<void> checked;
+    const auto flow = [&]() -> Task<> {
+        checked = co_await trySelectors(selectors, browser, plan.browser);
+        loop.quit();
+    };
+    const Task<> task = flow();
+    if (!task.isReady()) loop.exec();
+    browser->kill({Error::Kind::Cancelled, u"the selectors are tried"_s, {}});
+    return checked;
+}
+
 std::variant<PreparedRun, Answer> startRun(Plan plan)
 {
     const auto readable = EntrySource::check(plan);
@@ -119,6 +152,8 @@ std::variant<PreparedRun, Answer> startRun(Plan plan)
     QDir().mkpath(plan.outputFolder);
     const auto writable = checkWritable(plan.outputFolder);
     if (!writable) return refusal(writable.error());
+    const auto checked = checkSelectors(plan); // Before an earlier run gives way to this one.
+    if (!checked) return refusal(checked.error());
     auto journal = Journal::create(plan.outputFolder, plan.options);
     if (!journal) return refusal(journal.error());
     return PreparedRun{std::move(plan), *std::move(journal)};

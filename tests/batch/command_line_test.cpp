@@ -115,6 +115,7 @@ TEST(CommandLine, WhatMakesNoSenseIsRefused)
                                       {u"a.txt"_s, u"--timeout"_s, u"nan"_s},
                                       {u"a.txt"_s, u"--timeout"_s, u"5"_s, u"--delay"_s, u"5"_s},
                                       {u"a.txt"_s, u"--config"_s, u"/no/such/Config.Ini"_s},
+                                      {u"a.txt"_s, u"--config"_s, folder.path({})},
                                       {u"a.txt"_s, u"-f"_s, u"png,webp"_s},
                                       {u"a.txt"_s, u"-j"_s, u"0"_s},
                                       {u"a.txt"_s, u"-j"_s, u"many"_s},
@@ -182,7 +183,8 @@ TEST(CommandLine, AResumedRunHasTheOptionsOfTheRunItGoesOnWith)
     const Plan first =
         planOf({u"a.txt"_s, u"--url"_s, u"http://x/"_s, u"-f"_s, u"png,jpeg"_s, u"--overwrite"_s,
                 u"--delay"_s, u"2"_s, u"--thumbnail"_s, u"30x20"_s, u"--report"_s, u"r"_s, u"--hide=[a]"_s,
-                u"--hide=[b],[c]"_s, u"--header=A: b, c"_s, u"--dark"_s, u"--scale=2"_s});
+                u"--hide=[b],[c]"_s, u"--header=A: b, c"_s, u"--dark"_s, u"--scale=2"_s, u"--confine=."_s});
+    EXPECT_EQ(first.options.value(u"--confine"_s), QStringList{QDir::currentPath()}) << "from any folder";
     const auto parsed = parseCommandLine({u"--resume"_s, u"-j"_s, u"3"_s}, first.options);
     ASSERT_TRUE(std::holds_alternative<Plan>(parsed));
     const Plan& plan = std::get<Plan>(parsed);

@@ -63,18 +63,32 @@ protected:
 
 TEST_F(JournalTest, WhatWasUnderWayOrIsGoneWaitsAgain)
 {
-    start({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
-    QFile(m_folder.filePath(u"picture.png"_s)).open(QIODevice::WriteOnly);
-    ASSERT_TRUE(m_journal->begin(1, u"1"_s));
-    ASSERT_TRUE(m_journal->finish(2, converted(0)));
-    ASSERT_TRUE(m_journal->finish(3, converted(12345)));
-    ASSERT_TRUE(m_journal->finish(4, Outcome::failed(u"bad"_s)));
+    start({u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s});
+    const auto filesOf = [this](const QString& name) {
+        return QStringList{m_folder.filePath(name + u".png"_s), m_folder.filePath(name + u".jpg"_s)};
+    };
+    const auto write = [&](const QString& name, const QByteArray& png) {
+        for (const QString& path : filesOf(name)) {
+            QFile file(path);
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(path.endsWith(u"png"_s) ? png : "jpeg");
+        }
+    };
+    write(u"2"_s, "edited meanwhile");
+    write(u"3"_s, "");
+    write(u"4"_s, "png");
+    QFile::remove(filesOf(u"4"_s).last());
+    for (const qint64 number : {1, 2, 3, 4})
+        ASSERT_TRUE(m_journal->begin(number, QString::number(number)));
+    for (const qint64 number : {2, 3, 4})
+        ASSERT_TRUE(m_journal->finish(number, converted(100)));
+    ASSERT_TRUE(m_journal->finish(5, Outcome::failed(u"bad"_s)));
     reopen();
-    ASSERT_TRUE(m_journal->putBack(false));
-    EXPECT_EQ(waiting(), (QList<qint64>{1, 3}));
-    EXPECT_TRUE(m_journal->pending(0, 1)->first().begun);
-    ASSERT_TRUE(m_journal->putBack(true));
+    ASSERT_TRUE(m_journal->putBack(false, filesOf));
     EXPECT_EQ(waiting(), (QList<qint64>{1, 3, 4}));
+    EXPECT_TRUE(m_journal->pending(0, 1)->first().begun);
+    ASSERT_TRUE(m_journal->putBack(true, filesOf));
+    EXPECT_EQ(waiting(), (QList<qint64>{1, 3, 4, 5}));
     EXPECT_EQ(m_journal->options()->value(u"--format"_s), QStringList{u"png"_s});
 }
 

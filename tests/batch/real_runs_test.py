@@ -85,6 +85,7 @@ class WrongOptions(BatchTest):
             self.assertEqual(code, 2, said)
             self.assertIn('"p[" is no CSS selector', said)
         self.assertEqual(self.server.requests['/page'], 0)
+        self.assertEqual(os.listdir(self.out), [])  # No journal that another run would have given way to.
 
 
 class Hosts(BatchTest):
