@@ -87,7 +87,7 @@ Task<Result<PageShot>> PageRun::runInTarget()
     if (m_cancelled) m_session->end(cancelled());
     report(kOpened);
     QTimer::singleShot(std::chrono::milliseconds(m_deadline.remainingTime()), m_session.get(),
-                       [this] { runOut(); });
+                       [this] { m_session->end(outOfTime()); });
     auto shot = co_await runOpened();
     if (shot && mayBeReused()) m_target->keep(nameOfSetup(m_request));
     m_httpStatus = m_watch->httpStatus();
@@ -99,10 +99,10 @@ Task<Result<PageShot>> PageRun::runInTarget()
     co_return shot;
 }
 
-void PageRun::runOut()
+Error PageRun::outOfTime() const
 {
     const double seconds = double(m_request.timeout.count()) / 1000;
-    m_session->end({Error::Kind::Timeout, u"the time-out of %1 s ran out"_s.arg(seconds), {}});
+    return {Error::Kind::Timeout, u"the time-out of %1 s ran out"_s.arg(seconds), {}};
 }
 
 Task<Result<PageShot>> PageRun::runOpened()
@@ -137,8 +137,9 @@ bool PageRun::mayBeReused() const
 
 Task<Result<void>> PageRun::open()
 {
-    auto target = co_await m_browser->openPage(
-        std::min(std::chrono::milliseconds(m_deadline.remainingTime()), kOpenLimit));
+    const std::chrono::milliseconds left(m_deadline.remainingTime());
+    auto target = co_await m_browser->openPage(std::min(left, kOpenLimit));
+    if (!target && target.error().kind == Error::Kind::Timeout && left < kOpenLimit) co_return outOfTime();
     if (!target) co_return withoutPage(target.error());
     m_target = std::move(*target);
     co_return Result<void>();
@@ -272,19 +273,32 @@ Task<Result<void>> PageRun::becomeReady()
     const auto settled = co_await settle();
     if (!settled) co_return settled.error().during(u"waiting for the page"_s);
     report(kSettled);
-    if (m_request.delay.count() > 0) {
-        const auto waited = co_await m_session->pause(m_request.delay);
-        if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
-    }
+    const auto waited = co_await waitOutDelay();
+    if (!waited) co_return waited.error().during(u"waiting for the delay"_s);
     report(kReady);
     const auto frozen = co_await freezePage(m_session, m_watch->mainFrame());
     if (!m_session->isOpen()) co_return frozen.error().during(u"stopping animations"_s);
     co_return Result<void>();
 }
 
+/// A page that goes elsewhere meanwhile is followed, without a second delay.
+Task<Result<void>> PageRun::waitOutDelay()
+{
+    if (m_request.delay.count() == 0) co_return Result<void>();
+    const QString document = m_watch->loaderId();
+    const auto waited = co_await m_session->pause(m_request.delay);
+    if (!waited) co_return waited.error();
+    if (m_watch->loaderId() == document && !m_watch->isLeaving()) co_return Result<void>();
+    const auto loaded = co_await waitForDocument();
+    if (!loaded) co_return loaded.error();
+    co_return co_await settle();
+}
+
 Task<Result<void>> PageRun::settle()
 {
     for (int documents = 0; documents < kMostDocuments; ++documents) {
+        const auto asBefore = co_await growWindow(0);
+        if (!asBefore) co_return asBefore.error();
         const QString document = m_watch->loaderId();
         const auto adapted = co_await adapt();
         if (!adapted) co_return adapted.error();
@@ -332,7 +346,9 @@ Task<Result<PagePicture>> PageRun::shoot()
         auto picture = co_await shootOnce();
         const auto stillThere = checkDocument();
         if (!stillThere) co_return stillThere.error();
-        if (document == m_watch->loaderId() || tries == kMostShots) co_return picture;
+        const bool isOneDocument = document == m_watch->loaderId();
+        if (!isOneDocument && tries == kMostShots) warn(u"the page kept changing its address"_s);
+        if (isOneDocument || tries == kMostShots) co_return picture;
         const auto loaded = co_await waitForDocument();
         if (!loaded) co_return loaded.error();
     }

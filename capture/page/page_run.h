@@ -69,13 +69,14 @@ private:
     Task<Result<void>> waitForDocument();
     Task<Result<void>> becomeReady();
     Task<Result<void>> settle();
+    Task<Result<void>> waitOutDelay();
     /// Makes the window taller than asked for by rows, CSS px: for a page that scrolls inside a container.
     Task<Result<void>> growWindow(int rows);
     Task<Result<void>> adapt();
     Task<Result<PagePicture>> shoot();
     Task<Result<QRect>> measure();
     Task<Result<PagePicture>> shootOnce();
-    void runOut();
+    [[nodiscard]] Error outOfTime() const;
     Result<void> checkDocument() const;
     void report(int percent);
     void warn(const QString& words);

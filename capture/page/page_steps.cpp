@@ -133,6 +133,8 @@ Task<Result<QStringList>> adaptPage(std::shared_ptr<Session> session, const Page
     if (!request.style.isEmpty() || !request.hidden.isEmpty()) {
         const auto added = co_await addStyle(session, watch.mainFrame(), request.style, request.hidden);
         if (!added && added.error().kind == Error::Kind::Usage) co_return added.error();
+        if (!added && added.error().kind == Error::Kind::Timeout)
+            warnings += u"the style was not added: "_s + added.error().message;
     }
     if (!request.script.isEmpty()) {
         const auto ran = co_await runInPage(session, request.script);

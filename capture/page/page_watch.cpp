@@ -2,6 +2,8 @@
 
 #include "platform/log.h"
 
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 namespace vistrel
@@ -69,17 +71,18 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
          [](PageWatch& w, const QJsonObject&) { w.giveUp(Error::Kind::Page, u"the page went away"_s); }}};
     const Handler handler = handlers.value(method);
     if (handler == nullptr) return;
+    const QPointer<PageWatch> self(this); // An answer that breaks the pipe ends the page's run.
     handler(*this, params);
-    Q_EMIT changed();
+    if (self) Q_EMIT changed();
 }
 
 void PageWatch::answerDialog(const QJsonObject& params)
 {
     qCInfo(logPage) << "dialog dismissed:" << params[u"type"].toString()
                     << params[u"message"].toString().left(200);
+    if (++m_dialogs > kMostDialogs) giveUp(Error::Kind::Page, u"the page opens dialog after dialog"_s);
     const bool leaving = params[u"type"].toString() == u"beforeunload";
     m_session.post(u"Page.handleJavaScriptDialog"_s, {{u"accept"_s, leaving}});
-    if (++m_dialogs > kMostDialogs) giveUp(Error::Kind::Page, u"the page opens dialog after dialog"_s);
 }
 
 /// What no loader fetches is a worker's own script, whose arrival is told to the worker alone.

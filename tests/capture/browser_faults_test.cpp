@@ -128,6 +128,28 @@ TEST_F(BrowserFaults, LateRepliesAndAFloodOfErrorsDoNotDisturb)
     EXPECT_EQ(failure(captureWith(u"chatty"_s, 20s)), "");
 }
 
+/// A pipe that turns out to be broken when something is sent.
+class BreakingTransport : public Transport
+{
+public:
+    void send(const QByteArray& /*message*/) override { Q_EMIT received("torn"); }
+};
+
+TEST_F(BrowserFaults, OneThatDiesUnderADialogEndsWhoeverWatchesThePage)
+{
+    auto* pipe = new BreakingTransport;
+    Connection connection{std::unique_ptr<Transport>(pipe)};
+    const auto session = connection.openSession(u"S"_s);
+    auto watch = std::make_unique<PageWatch>(*session);
+    const auto flow = [&]() -> Task<> {
+        (void)co_await session->until([] { return false; }, 60s, u"never"_s);
+        watch.reset();
+    };
+    const Task<> task = flow();
+    Q_EMIT pipe->received("{\"method\":\"Page.javascriptDialogOpening\",\"params\":{},\"sessionId\":\"S\"}");
+    EXPECT_EQ(watch, nullptr); // And nothing was done with it after that.
+}
+
 TEST_F(BrowserFaults, NothingIsLeftBehind)
 {
     const auto left = [] {

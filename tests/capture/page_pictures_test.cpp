@@ -271,6 +271,23 @@ TEST_F(PagePictures, LateNavigationsAreFollowed)
     }
 }
 
+TEST_F(PagePictures, APageThatMovesOnDuringTheDelayIsMadeReadyAnew)
+{
+    const QByteArray container =
+        "<!doctype html><body style='margin:0'><div style='height:100vh;overflow:auto'>"
+        "<div id=banner style='height:100px;background:red'></div>"
+        "<div style='height:3000px;background:green'></div></div>";
+    server.page(u"/end"_s, container);
+    PageRequest request;
+    request.delay = 1500ms;
+    request.hidden = {u"#banner"_s};
+    const auto shot =
+        captureHtml(container + "<script>setTimeout(() => location = '/end', 1000)</script>", request);
+    EXPECT_TRUE(shot && shot->finalAddress.path() == u"/end");
+    EXPECT_EQ(image(shot).height(), 3000);
+    EXPECT_EQ(pixel(image(shot), 20, 50), kGreen);
+}
+
 TEST_F(PagePictures, TwoCapturesOfALocalPageAreTheSameBytes)
 {
     QTemporaryDir folder;
