@@ -34,9 +34,8 @@ constexpr int kDone = 100;
 constexpr std::chrono::milliseconds kDefaultTimeout = std::chrono::seconds(30);
 /// No page slows this down; a browser that takes longer is lost, and the page with another one is not.
 constexpr std::chrono::milliseconds kOpenLimit = std::chrono::seconds(10);
-constexpr int kProxyWantsPassword = 407; // Of HTTP; no page of the address.
-constexpr int kMostDocuments = 4;        // That a page may lead through by itself.
-constexpr int kMostShots = 2;            // Of a page that changes its address while it is drawn.
+constexpr int kMostDocuments = 4; // That a page may lead through by itself.
+constexpr int kMostShots = 2;     // Of a page that changes its address while it is drawn.
 
 Error cancelled() { return {Error::Kind::Cancelled, u"the capture was stopped"_s, {}}; }
 
@@ -222,7 +221,7 @@ Task<Result<void>> PageRun::waitForDocument()
         warn(u"the page never finished loading"_s);
         m_session->post(u"Page.stopLoading"_s);
     }
-    co_return checkDocument();
+    co_return m_watch->checkDocument();
 }
 
 Task<Result<void>> PageRun::navigateToFirstReachable()
@@ -257,15 +256,6 @@ Task<Result<void>> PageRun::navigate(QUrl address)
                             reply->result.value(u"loaderId"_s).toString());
     report(kAnswered);
     co_return Result<void>();
-}
-
-Result<void> PageRun::checkDocument() const
-{
-    if (m_watch->failure()) return *m_watch->failure();
-    if (m_watch->httpStatus() == kProxyWantsPassword)
-        return Error{Error::Kind::Page, u"the proxy asks for a password"_s, {}};
-    if (!m_watch->showsErrorPage()) return {};
-    return Error{Error::Kind::Page, u"the browser shows an error page"_s, {}};
 }
 
 Task<Result<void>> PageRun::becomeReady()
@@ -344,7 +334,7 @@ Task<Result<PagePicture>> PageRun::shoot()
         if (!ready) co_return ready.error();
         const QString document = m_watch->loaderId();
         auto picture = co_await shootOnce();
-        const auto stillThere = checkDocument();
+        const auto stillThere = m_watch->checkDocument();
         if (!stillThere) co_return stillThere.error();
         const bool isOneDocument = document == m_watch->loaderId();
         if (!isOneDocument && tries == kMostShots) warn(u"the page kept changing its address"_s);
@@ -354,21 +344,9 @@ Task<Result<PagePicture>> PageRun::shoot()
     }
 }
 
-/// The area that the picture shows, CSS px.
-Task<Result<QRect>> PageRun::measure()
-{
-    auto area = Result<QRect>(QRect(QPoint(0, 0), m_request.viewport));
-    if (!m_request.element.isEmpty())
-        area = co_await measureElement(m_session, m_watch->mainFrame(), m_request.element);
-    else if (!m_request.windowOnly)
-        area = co_await measurePage(m_session, m_request.viewport);
-    if (area && m_request.maxHeight > 0) area->setHeight(std::min(area->height(), m_request.maxHeight));
-    co_return area;
-}
-
 Task<Result<PagePicture>> PageRun::shootOnce()
 {
-    const auto area = co_await measure();
+    const auto area = co_await measureArea(m_session, m_watch->mainFrame(), m_request);
     if (!area) co_return area.error();
     const auto side = co_await findLongestSide(m_browser, m_session, area->size() * m_request.scale);
     if (!side) co_return side.error();

@@ -74,10 +74,8 @@ private:
     Task<Result<void>> growWindow(int rows);
     Task<Result<void>> adapt();
     Task<Result<PagePicture>> shoot();
-    Task<Result<QRect>> measure();
     Task<Result<PagePicture>> shootOnce();
     [[nodiscard]] Error outOfTime() const;
-    Result<void> checkDocument() const;
     void report(int percent);
     void warn(const QString& words);
     [[nodiscard]] std::chrono::milliseconds loadLimit() const;

@@ -1,9 +1,12 @@
 #include "capture/page/page_steps.h"
 
+#include "capture/page/screenshot.h"
+
 #include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -65,6 +68,19 @@ Task<Result<Box>> findElement(PageWorld world, QString selector)
     if (!found->isObject()) co_return Box();
     co_return Box(QRectF((*found)[u"x"].toDouble(), (*found)[u"y"].toDouble(), (*found)[u"width"].toDouble(),
                          (*found)[u"height"].toDouble()));
+}
+
+Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString frameId, QString selector)
+{
+    const auto world = co_await PageWorld::enter(std::move(session), std::move(frameId));
+    if (!world) co_return world.error();
+    const auto found = co_await findElement(*world, selector);
+    if (!found) co_return found.error();
+    const QString which = u"element that matches \"%1\""_s.arg(selector);
+    if (!*found) co_return Error{Error::Kind::Page, u"the page has no "_s + which, {}};
+    const QRect box = (*found)->toAlignedRect();
+    if (box.isEmpty()) co_return Error{Error::Kind::Page, u"nothing is shown of the first "_s + which, {}};
+    co_return box;
 }
 
 Task<Result<void>> addStyle(std::shared_ptr<Session> session, QString frameId, QString rules,
@@ -152,17 +168,15 @@ Task<Result<QStringList>> adaptPage(std::shared_ptr<Session> session, const Page
     co_return warnings;
 }
 
-Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString frameId, QString selector)
+Task<Result<QRect>> measureArea(std::shared_ptr<Session> session, QString frameId, PageRequest request)
 {
-    const auto world = co_await PageWorld::enter(std::move(session), std::move(frameId));
-    if (!world) co_return world.error();
-    const auto found = co_await findElement(*world, selector);
-    if (!found) co_return found.error();
-    const QString which = u"element that matches \"%1\""_s.arg(selector);
-    if (!*found) co_return Error{Error::Kind::Page, u"the page has no "_s + which, {}};
-    const QRect box = (*found)->toAlignedRect();
-    if (box.isEmpty()) co_return Error{Error::Kind::Page, u"nothing is shown of the first "_s + which, {}};
-    co_return box;
+    auto area = Result<QRect>(QRect(QPoint(0, 0), request.viewport));
+    if (!request.element.isEmpty())
+        area = co_await measureElement(session, frameId, request.element);
+    else if (!request.windowOnly)
+        area = co_await measurePage(session, request.viewport);
+    if (area && request.maxHeight > 0) area->setHeight(std::min(area->height(), request.maxHeight));
+    co_return area;
 }
 
 Task<QString> readTitle(std::shared_ptr<Session> session, QString frameId)

@@ -20,9 +20,10 @@ namespace vistrel
 Task<Result<QStringList>> adaptPage(std::shared_ptr<Session> session, const PageWatch& watch,
                                     PageRequest request);
 
-/// The box of the first element that matches selector, in CSS px of the page, widened to whole ones.
-/// Error::Kind::Page when none matches, or it has no box.
-Task<Result<QRect>> measureElement(std::shared_ptr<Session> session, QString frameId, QString selector);
+/// What the request's picture shows of the page, in whole CSS px: the box of the first element that matches
+/// its selector, the window, or all of the page, down to its greatest height. Error::Kind::Page when no
+/// element matches, or that has no box.
+Task<Result<QRect>> measureArea(std::shared_ptr<Session> session, QString frameId, PageRequest request);
 
 /// The document's title, empty when there is none.
 Task<QString> readTitle(std::shared_ptr<Session> session, QString frameId);

@@ -9,6 +9,13 @@ using namespace Qt::StringLiterals;
 namespace vistrel
 {
 
+namespace
+{
+
+constexpr int kProxyWantsPassword = 407; // Of HTTP; no page of the address.
+
+} // namespace
+
 PageWatch::PageWatch(Session& session) : m_session(session)
 {
     connect(&session, &Session::received, this, &PageWatch::take);
@@ -74,6 +81,15 @@ void PageWatch::take(const QString& method, const QJsonObject& params)
     const QPointer<PageWatch> self(this); // An answer that breaks the pipe ends the page's run.
     handler(*this, params);
     if (self) Q_EMIT changed();
+}
+
+Result<void> PageWatch::checkDocument() const
+{
+    if (m_failure) return *m_failure;
+    if (httpStatus() == kProxyWantsPassword)
+        return Error{Error::Kind::Page, u"the proxy asks for a password"_s, {}};
+    if (m_errorPage) return Error{Error::Kind::Page, u"the browser shows an error page"_s, {}};
+    return {};
 }
 
 void PageWatch::answerDialog(const QJsonObject& params)

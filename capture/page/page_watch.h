@@ -44,15 +44,14 @@ public:
     [[nodiscard]] QList<QUrl> awaitedParts() const;
     /// How many requests it has sent so far.
     [[nodiscard]] int requestCount() const { return m_requestCount; }
-    /// The browser shows an error page of its own in place of the document.
-    [[nodiscard]] bool showsErrorPage() const { return m_errorPage; }
     [[nodiscard]] const QUrl& address() const { return m_address; }
     /// The page is at rest, went nowhere by itself, spoke to nobody and had nothing from a network.
     [[nodiscard]] bool keptToItself() const;
     /// Of the document; 0 while unknown or not from a server.
     [[nodiscard]] int httpStatus() const { return m_statuses.value(m_loaderId); }
-    /// Why the page was given up, as the session will soon end with; none while all is well.
-    [[nodiscard]] const std::optional<Error>& failure() const { return m_failure; }
+    /// Why there is no document to take a picture of: the page was given up, as the session will soon end
+    /// with, or the browser shows an error page of its own, or the proxy asks for a password.
+    [[nodiscard]] Result<void> checkDocument() const;
 
 Q_SIGNALS:
     /// One of the states above may have changed.
