@@ -62,7 +62,7 @@ Task<Result<int>> checkDrawing(std::shared_ptr<Browser> browser)
     qCDebug(logBrowser) << "draws" << rows << "rows right in one piece";
     if (rows < kSafeSide) co_return Error{Error::Kind::Format, u"the browser does not draw right"_s, step};
     browser->setLongestSide(rows);
-    co_return Result(rows);
+    co_return rows;
 }
 
 } // namespace
@@ -70,8 +70,8 @@ Task<Result<int>> checkDrawing(std::shared_ptr<Browser> browser)
 Task<Result<int>> findLongestSide(std::shared_ptr<Browser> browser, std::shared_ptr<Session> session,
                                   QSize picture)
 {
-    if (std::max(picture.width(), picture.height()) <= kSafeSide) co_return Result(int(kSafeSide));
-    if (browser->longestSide()) co_return Result(int(*browser->longestSide()));
+    if (std::max(picture.width(), picture.height()) <= kSafeSide) co_return kSafeSide;
+    if (browser->longestSide()) co_return *browser->longestSide();
     const auto check = browser->drawingCheck().join([&browser] { return checkDrawing(browser); });
     while (!check.isSettled()) {
         const auto paused = co_await session->pause(kLookInterval);

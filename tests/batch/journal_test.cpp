@@ -39,12 +39,10 @@ protected:
         m_journal = *Journal::open(m_folder.path());
     }
 
-    Outcome converted(qint64 bytes)
+    Outcome converted()
     {
         Outcome outcome;
         outcome.state = EntryState::Converted;
-        outcome.file = m_folder.filePath(u"picture.png"_s);
-        outcome.bytes = bytes;
         return outcome;
     }
 
@@ -81,7 +79,7 @@ TEST_F(JournalTest, WhatWasUnderWayOrIsGoneWaitsAgain)
     for (const qint64 number : {1, 2, 3, 4})
         ASSERT_TRUE(m_journal->begin(number, QString::number(number)));
     for (const qint64 number : {2, 3, 4})
-        ASSERT_TRUE(m_journal->finish(number, converted(100)));
+        ASSERT_TRUE(m_journal->finish(number, converted()));
     ASSERT_TRUE(m_journal->finish(5, Outcome::failed(u"bad"_s)));
     reopen();
     ASSERT_TRUE(m_journal->putBack(false, filesOf));
