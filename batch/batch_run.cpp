@@ -3,6 +3,7 @@
 #include "batch/journal_filling.h"
 #include "batch/run_summary.h"
 #include "platform/machine.h"
+#include "platform/process/scratch_folder.h"
 #include "platform/whole_file.h"
 
 #include <QCoroFuture>
@@ -65,6 +66,7 @@ Task<ExitCode> BatchRun::run()
 Result<void> BatchRun::prepareFiles()
 {
     sweepTemporaryFiles(m_plan.outputFolder);
+    sweepScratchFolders(); // Here, too: a run with nothing left to convert starts no browser.
     Result<void> opened;
     if (!m_plan.reportFile.isEmpty()) opened = m_report.open(m_plan.reportFile);
     if (opened && !m_plan.sheetFile.isEmpty()) opened = m_sheet.open(m_plan.sheetFile);

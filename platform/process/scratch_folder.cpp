@@ -31,6 +31,15 @@ QByteArray startTime(qint64 processId)
 
 QString prefix() { return u"vistrel-browser-"_s; }
 
+bool removeFolder(const QString& path)
+{
+    for (int i = 0; i < kDeleteTries; ++i) {
+        if (QDir(path).removeRecursively()) return true;
+        QThread::msleep(kDeletePauseMs);
+    }
+    return false;
+}
+
 } // namespace
 
 Result<std::unique_ptr<ScratchFolder>> ScratchFolder::create(const std::optional<Account>& account)
@@ -54,11 +63,7 @@ ScratchFolder::ScratchFolder(QString path, std::optional<Account> account)
 {
 }
 
-ScratchFolder::~ScratchFolder()
-{
-    for (int i = 0; i < kDeleteTries && !QDir(m_path).removeRecursively(); ++i)
-        QThread::msleep(kDeletePauseMs);
-}
+ScratchFolder::~ScratchFolder() { removeFolder(m_path); }
 
 Result<QString> ScratchFolder::makeSubfolder(const QString& name)
 {
@@ -103,9 +108,9 @@ int sweepScratchFolders()
     QDir folder(QDir::tempPath());
     for (const QFileInfo& entry : folder.entryInfoList({prefix() + u'*'}, QDir::Dirs | QDir::NoSymLinks)) {
         const auto match = pattern.match(entry.fileName());
-        if (!match.hasMatch()) continue;
+        if (!match.hasMatch() || entry.ownerId() != ::geteuid()) continue;
         if (startTime(match.captured(1).toLongLong()) == match.captured(2).toLatin1()) continue;
-        if (QDir(entry.filePath()).removeRecursively()) ++count;
+        if (removeFolder(entry.filePath())) ++count;
     }
     return count;
 }

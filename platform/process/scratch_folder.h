@@ -45,8 +45,8 @@ private:
     std::optional<Account> m_account;
 };
 
-/// Deletes scratch folders under the system's temporary folder whose owning process no longer runs.
-/// Returns how many were deleted.
+/// Deletes our account's scratch folders under the system's temporary folder whose owning process no longer
+/// runs; tries for up to a second each, like the destructor. Returns how many were deleted.
 int sweepScratchFolders();
 
 } // namespace vistrel

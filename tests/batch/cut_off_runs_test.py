@@ -43,6 +43,12 @@ class KilledRuns(CutOffTest):
         self.assertEqual(len(self.states()), 40)
         self.assert_nothing_left()
 
+    def test_a_run_with_nothing_left_to_convert_clears_up_after_a_killed_one_too(self):
+        self.assertEqual(self.run_batch(self.write_list(self.addresses(1)))[0], 0)
+        (self.temporary / 'vistrel-browser-999999999-1-abcdef' / 'profile').mkdir(parents=True)
+        self.assertEqual(self.run_batch('--resume')[0], 0)
+        self.assert_nothing_left()
+
     def kill_at_random(self, entries):
         seed = int(os.environ.get('VISTREL_KILL_SEED', random.randrange(1000000)))
         print(f'VISTREL_KILL_SEED={seed}')
