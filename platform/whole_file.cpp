@@ -139,13 +139,11 @@ bool WholeFile::link()
     return false;
 }
 
-int sweepTemporaryFiles(const QString& folder)
+void sweepTemporaryFiles(const QString& folder)
 {
     const QDir dir(folder);
-    int deleted = 0;
     for (const QString& name : dir.entryList({kPrefix + u'*' + kEnding}, QDir::Files | QDir::Hidden))
-        deleted += QFile::remove(dir.filePath(name)) ? 1 : 0;
-    return deleted;
+        QFile::remove(dir.filePath(name));
 }
 
 } // namespace vistrel

@@ -62,7 +62,6 @@ private:
 };
 
 /// Deletes the temporary files that killed runs left in folder. Nothing may be writing there meanwhile.
-/// Returns how many were deleted.
-int sweepTemporaryFiles(const QString& folder);
+void sweepTemporaryFiles(const QString& folder);
 
 } // namespace vistrel

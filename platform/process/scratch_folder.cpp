@@ -31,13 +31,10 @@ QByteArray startTime(qint64 processId)
 
 QString prefix() { return u"vistrel-browser-"_s; }
 
-bool removeFolder(const QString& path)
+void removeFolder(const QString& path)
 {
-    for (int i = 0; i < kDeleteTries; ++i) {
-        if (QDir(path).removeRecursively()) return true;
+    for (int i = 0; i < kDeleteTries && !QDir(path).removeRecursively(); ++i)
         QThread::msleep(kDeletePauseMs);
-    }
-    return false;
 }
 
 } // namespace
@@ -101,18 +98,16 @@ Result<QString> ScratchFolder::handOver(const QString& path)
     return path;
 }
 
-int sweepScratchFolders()
+void sweepScratchFolders()
 {
     static const QRegularExpression pattern(u"^vistrel-browser-(\\d+)-(\\d+)-"_s);
-    int count = 0;
-    QDir folder(QDir::tempPath());
+    const QDir folder(QDir::tempPath());
     for (const QFileInfo& entry : folder.entryInfoList({prefix() + u'*'}, QDir::Dirs | QDir::NoSymLinks)) {
         const auto match = pattern.match(entry.fileName());
         if (!match.hasMatch() || entry.ownerId() != ::geteuid()) continue;
         if (startTime(match.captured(1).toLongLong()) == match.captured(2).toLatin1()) continue;
-        if (removeFolder(entry.filePath())) ++count;
+        removeFolder(entry.filePath());
     }
-    return count;
 }
 
 } // namespace vistrel

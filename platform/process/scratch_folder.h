@@ -46,7 +46,7 @@ private:
 };
 
 /// Deletes our account's scratch folders under the system's temporary folder whose owning process no longer
-/// runs; tries for up to a second each, like the destructor. Returns how many were deleted.
-int sweepScratchFolders();
+/// runs; tries for up to a second each, like the destructor.
+void sweepScratchFolders();
 
 } // namespace vistrel
